@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# Makes a 32-bit Wine prefix into a Windows 98 machine: it reports Windows 98
+# build 4.10.1998 (or another build with --build N, for the system gate) and
+# holds the files and registry keys of a lived-in Windows 98 from
+# tools/win98-env/. Idempotent: a second run brings the prefix back to the
+# same state.
+#
+#   tools/make-win98-prefix.sh [--build N] PREFIX
+set -euo pipefail
+
+build=1998
+if [ "${1:-}" = "--build" ]; then
+  build=$2
+  shift 2
+fi
+prefix=${1:?usage: make-win98-prefix.sh [--build N] PREFIX}
+here=$(cd "$(dirname "$0")" && pwd)
+env_dir=$here/win98-env
+. "$here/wine-user.sh"
+
+mkdir -p "$prefix"
+prefix=$(cd "$prefix" && pwd)
+export WINEPREFIX=$prefix
+wine_user_setup "$prefix"
+wine() { as_wine_user wine "$@"; }
+wineserver() { as_wine_user wineserver "$@"; }
+
+if [ ! -f "$prefix/system.reg" ]; then
+  as_wine_user wineboot -i >/dev/null 2>&1
+  wineserver -w
+fi
+
+# The reported system: Wine takes a 9x version from VersionNumber once the NT
+# CurrentVersion value is gone.
+wine reg add 'HKLM\Software\Microsoft\Windows\CurrentVersion' /v VersionNumber /t REG_SZ \
+  /d "4.10.$build" /f >/dev/null 2>&1
+wine reg delete 'HKLM\Software\Microsoft\Windows NT\CurrentVersion' /v CurrentVersion /f \
+  >/dev/null 2>&1 || true
+wine reg delete 'HKCU\Software\Wine' /v Version /f >/dev/null 2>&1 || true
+
+# The machine's files and registry.
+drive_c=$prefix/drive_c
+cp -r "$env_dir/drive_c/." "$drive_c/"
+cp "$env_dir/win98.reg" "$drive_c/windows/temp/tl99-win98.reg"
+[ "$(id -u)" -eq 0 ] && chown -R "$TL99_WINE_USER" "$drive_c"
+wine regedit /S 'C:\windows\temp\tl99-win98.reg' >/dev/null 2>&1
+rm -f "$drive_c/windows/temp/tl99-win98.reg"
+wineserver -w
+echo "make-win98-prefix: $prefix reports Windows 98 build $build"
