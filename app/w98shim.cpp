@@ -25,21 +25,24 @@ private:
   bool valid_ = false;
 };
 
+} // namespace
+
+// The forwarders, under the decorated names of the imports they replace.
+extern "C" {
 HANDLE WINAPI createSemaphore(LPSECURITY_ATTRIBUTES attributes, LONG initial, LONG maximum,
                               LPCWSTR name) __asm__("_CreateSemaphoreW@16");
 HMODULE WINAPI getModuleHandle(LPCWSTR name) __asm__("_GetModuleHandleW@4");
 HMODULE WINAPI loadLibrary(LPCWSTR name) __asm__("_LoadLibraryW@4");
+}
 
-} // namespace
-
-HANDLE WINAPI createSemaphore(LPSECURITY_ATTRIBUTES attributes, LONG initial, LONG maximum,
-                              LPCWSTR name) {
+extern "C" HANDLE WINAPI createSemaphore(LPSECURITY_ATTRIBUTES attributes, LONG initial,
+                                         LONG maximum, LPCWSTR name) {
   return ::CreateSemaphoreA(attributes, initial, maximum, NarrowName(name).get());
 }
 
-HMODULE WINAPI getModuleHandle(LPCWSTR name) { return ::GetModuleHandleA(NarrowName(name).get()); }
+extern "C" HMODULE WINAPI getModuleHandle(LPCWSTR name) { return ::GetModuleHandleA(NarrowName(name).get()); }
 
-HMODULE WINAPI loadLibrary(LPCWSTR name) { return ::LoadLibraryA(NarrowName(name).get()); }
+extern "C" HMODULE WINAPI loadLibrary(LPCWSTR name) { return ::LoadLibraryA(NarrowName(name).get()); }
 
 // The import pointers that code compiled with dllimport calls through.
 extern "C" {

@@ -61,7 +61,7 @@ std::string errorText(int number) {
 
 RuntimeError::RuntimeError(int number) : number_(number), text_(errorText(number)) {}
 
-void raise(int number) { throw RuntimeError(number); }
+void raiseError(int number) { throw RuntimeError(number); }
 
 ErrObject& Err() {
   static ErrObject err;

@@ -47,7 +47,7 @@ private:
   std::string text_;
 };
 
-[[noreturn]] void raise(int number);
+[[noreturn]] void raiseError(int number);
 
 // The Err object: the number of the last error that a resuming routine
 // swallowed, 0 when none stands.

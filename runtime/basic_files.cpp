@@ -22,7 +22,7 @@ int errorForSystemCode(std::int32_t code) {
 }
 
 namespace {
-[[noreturn]] void raiseLastSystemError() { raise(errorForSystemCode(platform::GetLastError())); }
+[[noreturn]] void raiseLastSystemError() { raiseError(errorForSystemCode(platform::GetLastError())); }
 } // namespace
 
 std::uint32_t GetAttr(const std::string& path) {
@@ -45,7 +45,7 @@ void Kill(const std::string& path) {
     any = true;
     if (!platform::DeleteFileA((folder + entry.name).c_str())) raiseLastSystemError();
   }
-  if (!any) raise(kFileNotFound);
+  if (!any) raiseError(kFileNotFound);
 }
 
 void FileCopy(const std::string& from, const std::string& to) {

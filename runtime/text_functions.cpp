@@ -5,23 +5,23 @@
 namespace runtime {
 
 std::string Left(std::string_view text, std::int64_t length) {
-  if (length < 0) raise(kInvalidProcedureCall);
+  if (length < 0) raiseError(kInvalidProcedureCall);
   return std::string(text.substr(0, static_cast<std::size_t>(length)));
 }
 
 std::string Mid(std::string_view text, std::int64_t start) {
-  if (start < 1) raise(kInvalidProcedureCall);
+  if (start < 1) raiseError(kInvalidProcedureCall);
   if (static_cast<std::size_t>(start) > text.size()) return "";
   return std::string(text.substr(static_cast<std::size_t>(start - 1)));
 }
 
 std::string Mid(std::string_view text, std::int64_t start, std::int64_t length) {
-  if (length < 0) raise(kInvalidProcedureCall);
+  if (length < 0) raiseError(kInvalidProcedureCall);
   return Left(Mid(text, start), length);
 }
 
 std::int64_t InStr(std::int64_t start, std::string_view text, std::string_view search) {
-  if (start < 1) raise(kInvalidProcedureCall);
+  if (start < 1) raiseError(kInvalidProcedureCall);
   if (static_cast<std::size_t>(start) > text.size()) return search.empty() && static_cast<std::size_t>(start) == text.size() + 1 ? start : 0;
   const auto at = text.find(search, static_cast<std::size_t>(start - 1));
   return at == std::string_view::npos ? 0 : static_cast<std::int64_t>(at) + 1;

@@ -86,7 +86,7 @@ double textToNumber(std::string_view text) {
   double number = 0;
   std::size_t used = 0;
   if (!readRadixLiteral(text, &used, &number)) used = readDecimal(text, &number);
-  if (used == 0 || used != text.size() || !std::isfinite(number)) raise(kTypeMismatch);
+  if (used == 0 || used != text.size() || !std::isfinite(number)) raiseError(kTypeMismatch);
   return number;
 }
 
@@ -109,13 +109,13 @@ double roundHalfEven(double number) {
 
 std::int16_t toInteger(const Value& value) {
   const double rounded = roundHalfEven(toDouble(value));
-  if (!(rounded >= -32768.0 && rounded <= 32767.0)) raise(kOverflow);
+  if (!(rounded >= -32768.0 && rounded <= 32767.0)) raiseError(kOverflow);
   return static_cast<std::int16_t>(rounded);
 }
 
 std::int32_t toLong(const Value& value) {
   const double rounded = roundHalfEven(toDouble(value));
-  if (!(rounded >= -2147483648.0 && rounded <= 2147483647.0)) raise(kOverflow);
+  if (!(rounded >= -2147483648.0 && rounded <= 2147483647.0)) raiseError(kOverflow);
   return static_cast<std::int32_t>(rounded);
 }
 

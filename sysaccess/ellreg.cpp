@@ -16,7 +16,7 @@ namespace {
 
 std::uint8_t* bytes(std::string& buffer) { return reinterpret_cast<std::uint8_t*>(buffer.data()); }
 
-// A REG_DWORD as the three-digit picture: the first four characters of the
+// A kRegDword as the three-digit picture: the first four characters of the
 // buffer, first one least significant, read as an unsigned number.
 std::string dwordText(const std::string& buffer) {
   double number = 0;
@@ -53,11 +53,11 @@ std::string GetRegValue(Hive hive, const std::string& keyPath, const std::string
   std::string text;
   if (!goodRead(rc)) {
     text = kNotFound;
-  } else if (type == REG_BINARY) {
+  } else if (type == kRegBinary) {
     text = hexText(buffer, size);
   } else {
-    if (type == REG_DWORD) buffer = dwordText(buffer);
-    // Cuts the terminator, or REG_DWORD text to three characters; with no
+    if (type == kRegDword) buffer = dwordText(buffer);
+    // Cuts the terminator, or kRegDword text to three characters; with no
     // data at all the cut fails and the buffer stays as it is.
     resume([&] { buffer = runtime::Left(buffer, static_cast<std::int64_t>(size) - 1); });
     text = buffer;
@@ -71,21 +71,21 @@ void SetRegValue(Hive hive, const std::string& keyPath, const std::string& value
   ResumeNext resume;
   RegKey key = 0;
   platform::RegCreateKeyA(hive, keyPath.c_str(), &key);
-  if (valueType == REG_DWORD) {
+  if (valueType == kRegDword) {
     std::int32_t number = 0;
     resume([&] { number = runtime::toLong(value); });
     const auto bits = static_cast<std::uint32_t>(number);
     const std::uint8_t data[4] = {static_cast<std::uint8_t>(bits), static_cast<std::uint8_t>(bits >> 8),
                                   static_cast<std::uint8_t>(bits >> 16),
                                   static_cast<std::uint8_t>(bits >> 24)};
-    platform::RegSetValueExA(key, valueName.c_str(), 0, REG_DWORD, data, 4);
+    platform::RegSetValueExA(key, valueName.c_str(), 0, kRegDword, data, 4);
   } else {
     runtime::Value data = value;
     // A text takes its terminator; a number can't, and keeps its digits only.
-    if (valueType == REG_SZ) resume([&] { data = runtime::add(data, std::string(1, '\0')); });
+    if (valueType == kRegSz) resume([&] { data = runtime::add(data, std::string(1, '\0')); });
     std::string text;
     resume([&] { text = runtime::toText(data); });
-    platform::RegSetValueExA(key, valueName.c_str(), 0, REG_SZ, bytes(text),
+    platform::RegSetValueExA(key, valueName.c_str(), 0, kRegSz, bytes(text),
                              static_cast<Dword>(text.size()));
   }
   platform::RegFlushKey(key);
@@ -118,7 +118,7 @@ EnumeratedValue EnumRegValue(Hive hive, const std::string& keyPath, const std::i
                                           &type, bytes(data), &dataSize);
   EnumeratedValue result;
   if (goodRead(rc)) {
-    if (type == REG_DWORD) data = dwordText(data);
+    if (type == kRegDword) data = dwordText(data);
     resume([&] { data = runtime::Left(data, static_cast<std::int64_t>(dataSize) - 1); });
     result.type = static_cast<std::int32_t>(type);
     result.name = name.substr(0, nameSize);

@@ -19,16 +19,18 @@
 
 namespace sysaccess {
 
+// Root keys by their numbers, and value types (names chosen so as not to
+// clash with the macros of <windows.h>).
 using Hive = std::uint32_t;
-inline constexpr Hive HKEY_CLASSES_ROOT = 0x80000000u;
-inline constexpr Hive HKEY_CURRENT_USER = 0x80000001u;
-inline constexpr Hive HKEY_LOCAL_MACHINE = 0x80000002u;
-inline constexpr Hive HKEY_USERS = 0x80000003u;
+inline constexpr Hive HKCR = 0x80000000u;
+inline constexpr Hive HKCU = 0x80000001u;
+inline constexpr Hive HKLM = 0x80000002u;
+inline constexpr Hive HKU = 0x80000003u;
 
-inline constexpr std::int32_t REG_SZ = 1;
-inline constexpr std::int32_t REG_BINARY = 3;
-inline constexpr std::int32_t REG_DWORD = 4;
-inline constexpr std::int32_t REG_DWORD_BIG_ENDIAN = 5;
+inline constexpr std::int32_t kRegSz = 1;
+inline constexpr std::int32_t kRegBinary = 3;
+inline constexpr std::int32_t kRegDword = 4;
+inline constexpr std::int32_t kRegDwordBigEndian = 5;
 
 // The nine characters every reader compares against to tell a missing value.
 inline constexpr const char* kNotFound = "Not Found";
@@ -38,7 +40,7 @@ inline constexpr std::size_t kBufferLength = 2048;
 std::string GetRegValue(Hive hive, const std::string& keyPath, const std::string& valueName);
 
 // Type 4 stores the value as a 32-bit number (0 when it can't be one); any
-// other type stores REG_SZ: a text with its terminator, a number as its
+// other type stores kRegSz: a text with its terminator, a number as its
 // digits with no terminator counted.
 void SetRegValue(Hive hive, const std::string& keyPath, const std::string& valueName,
                  std::int32_t valueType, const runtime::Value& value);
@@ -47,7 +49,7 @@ void SetRegValue(Hive hive, const std::string& keyPath, const std::string& value
 std::string EnumRegKey(Hive hive, const std::string& keyPath, const std::int32_t& index);
 
 // The index-th value: its type, name and data text. Past the last value the
-// type is 0, the name 2048 blanks and the data "Not Found". REG_BINARY data
+// type is 0, the name 2048 blanks and the data "Not Found". kRegBinary data
 // comes back as raw characters minus the last one (there is no hex form here).
 struct EnumeratedValue {
   std::int32_t type = 0;

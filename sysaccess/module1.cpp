@@ -21,8 +21,8 @@ bool SetRegValueEx(const Hive& hive, const std::string& keyPath, const std::stri
 
 std::string EncodeRegData(const runtime::Value& value, const std::int32_t& valueType) {
   std::string data;
-  if (valueType == REG_DWORD) data = DwordToBytes(runtime::toLong(value));
-  else if (valueType == REG_DWORD_BIG_ENDIAN) data = DwordToBytesBE(runtime::toLong(value));
+  if (valueType == kRegDword) data = DwordToBytes(runtime::toLong(value));
+  else if (valueType == kRegDwordBigEndian) data = DwordToBytesBE(runtime::toLong(value));
   else data = runtime::toText(value);
   return data + '\0';
 }

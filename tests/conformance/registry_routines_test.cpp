@@ -1,5 +1,5 @@
 // The registry routines on the machine: text forms, the 2048-character
-// buffers, the three-character REG_DWORD text, skip-on-error results.
+// buffers, the three-character kRegDword text, skip-on-error results.
 #include "platform/platform.h"
 #include "sysaccess/ellreg.h"
 #include "sysaccess/module1.h"
@@ -24,7 +24,7 @@ protected:
   // Stores exact bytes through the platform, as another program would.
   static void store(const std::string& name, platform::Dword type, const std::string& bytes) {
     platform::RegKey key = 0;
-    ASSERT_EQ(0, platform::RegCreateKeyA(HKEY_CURRENT_USER, kKey.c_str(), &key));
+    ASSERT_EQ(0, platform::RegCreateKeyA(HKCU, kKey.c_str(), &key));
     ASSERT_EQ(0, platform::RegSetValueExA(key, name.c_str(), 0, type,
                                           reinterpret_cast<const std::uint8_t*>(bytes.data()),
                                           static_cast<platform::Dword>(bytes.size())));
@@ -32,7 +32,7 @@ protected:
   }
   static void stored(const std::string& name, platform::Dword* type, std::string* bytes) {
     platform::RegKey key = 0;
-    ASSERT_EQ(0, platform::RegOpenKeyA(HKEY_CURRENT_USER, kKey.c_str(), &key));
+    ASSERT_EQ(0, platform::RegOpenKeyA(HKCU, kKey.c_str(), &key));
     std::string buffer(8192, '\0');
     platform::Dword size = 8192;
     ASSERT_EQ(0, platform::RegQueryValueExA(key, name.c_str(), type,
@@ -41,15 +41,15 @@ protected:
     platform::RegCloseKey(key);
   }
   static std::string read(const std::string& name) {
-    return GetRegValue(HKEY_CURRENT_USER, kKey, name);
+    return GetRegValue(HKCU, kKey, name);
   }
 };
 
 TEST_F(RegistryRoutines, MissingKeyValueAndOversizedValueReadAsNotFound) {
-  EXPECT_EQ("Not Found", GetRegValue(HKEY_CURRENT_USER, kKey + "\\Nowhere", "x"));
-  store("Present", REG_SZ, std::string("y\0", 2));
+  EXPECT_EQ("Not Found", GetRegValue(HKCU, kKey + "\\Nowhere", "x"));
+  store("Present", kRegSz, std::string("y\0", 2));
   EXPECT_EQ("Not Found", read("Absent"));
-  store("Big", REG_BINARY, std::string(2049, 'b'));
+  store("Big", kRegBinary, std::string(2049, 'b'));
   EXPECT_EQ("Not Found", read("Big"));
 }
 
@@ -63,26 +63,26 @@ TEST_F(RegistryRoutines, DwordReadsAsThreeCharacters) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.number);
     const std::string bytes = DwordToBytes(static_cast<std::int32_t>(row.number));
-    store("D", REG_DWORD, bytes);
+    store("D", kRegDword, bytes);
     EXPECT_EQ(row.text, read("D"));
   }
 }
 
 TEST_F(RegistryRoutines, BinaryReadsAsUpperCaseHex) {
-  store("B", REG_BINARY, std::string("\xFF\x00", 2));
+  store("B", kRegBinary, std::string("\xFF\x00", 2));
   EXPECT_EQ("FF00", read("B"));
-  store("B", REG_BINARY, std::string("\x01\x00\x00\x00", 4));
+  store("B", kRegBinary, std::string("\x01\x00\x00\x00", 4));
   EXPECT_EQ("01000000", read("B"));
-  store("B", REG_BINARY, std::string("\x00\x00\x00\x20", 4));
+  store("B", kRegBinary, std::string("\x00\x00\x00\x20", 4));
   EXPECT_EQ("00000020", read("B"));
-  store("B", REG_BINARY, "");
+  store("B", kRegBinary, "");
   EXPECT_EQ("", read("B"));
 }
 
 TEST_F(RegistryRoutines, StringsLoseTheirLastByte) {
-  store("S", REG_SZ, std::string("\0", 1));
+  store("S", kRegSz, std::string("\0", 1));
   EXPECT_EQ("", read("S"));
-  store("S", REG_SZ, std::string("Yes\0", 4));
+  store("S", kRegSz, std::string("Yes\0", 4));
   EXPECT_EQ("Yes", read("S"));
 }
 
@@ -96,7 +96,7 @@ TEST_F(RegistryRoutines, StringTypeWithNoBytesReadsAsTheBlankBuffer) {
 TEST_F(RegistryRoutines, ZeroLengthDwordTakesTheBlanksAsItsNumber) {
   // The four blank characters of the buffer make 0x20202020; the cut by one
   // character less than no data fails, so the whole picture stays.
-  store("D", REG_DWORD, "");
+  store("D", kRegDword, "");
   EXPECT_EQ("538976288", read("D"));
 }
 
@@ -112,27 +112,27 @@ TEST_F(RegistryRoutines, OtherTypesComeBackAsRawTextMinusTheLastByte) {
 }
 
 TEST_F(RegistryRoutines, BufferBoundaries) {
-  store("S2047", REG_SZ, std::string(2047, 's') + '\0');
+  store("S2047", kRegSz, std::string(2047, 's') + '\0');
   EXPECT_EQ(std::string(2047, 's'), read("S2047"));
-  store("S2048", REG_SZ, std::string(2048, 's') + '\0');
+  store("S2048", kRegSz, std::string(2048, 's') + '\0');
   EXPECT_EQ("Not Found", read("S2048"));
-  store("B2047", REG_BINARY, std::string(2047, '\x0A'));
+  store("B2047", kRegBinary, std::string(2047, '\x0A'));
   EXPECT_EQ(4094u, read("B2047").size());
-  store("B2048", REG_BINARY, std::string(2048, '\x0A'));
+  store("B2048", kRegBinary, std::string(2048, '\x0A'));
   const std::string hex = read("B2048");
   EXPECT_EQ(4096u, hex.size());
   EXPECT_EQ("0A0A", hex.substr(0, 4));
-  store("B2049", REG_BINARY, std::string(2049, '\x0A'));
+  store("B2049", kRegBinary, std::string(2049, '\x0A'));
   EXPECT_EQ("Not Found", read("B2049"));
 }
 
 TEST_F(RegistryRoutines, HighBytesInNamesAndData) {
-  SetRegValue(HKEY_CURRENT_USER, kKey, "Pr\xE9nom", REG_SZ, std::string("\xC9l\xE8ve \xFF\x80"));
+  SetRegValue(HKCU, kKey, "Pr\xE9nom", kRegSz, std::string("\xC9l\xE8ve \xFF\x80"));
   EXPECT_EQ("\xC9l\xE8ve \xFF\x80", read("Pr\xE9nom"));
 }
 
 TEST_F(RegistryRoutines, SetRegValueDwordStoresTheWholeNumber) {
-  SetRegValue(HKEY_CURRENT_USER, kKey, "NoDrives", REG_DWORD, std::string("67108860"));
+  SetRegValue(HKCU, kKey, "NoDrives", kRegDword, std::string("67108860"));
   platform::Dword type = 0;
   std::string bytes;
   stored("NoDrives", &type, &bytes);
@@ -142,18 +142,18 @@ TEST_F(RegistryRoutines, SetRegValueDwordStoresTheWholeNumber) {
 }
 
 TEST_F(RegistryRoutines, SetRegValueDwordOfTextThatIsNoNumberStoresZero) {
-  SetRegValue(HKEY_CURRENT_USER, kKey, "Blank", REG_DWORD, std::string(""));
+  SetRegValue(HKCU, kKey, "Blank", kRegDword, std::string(""));
   platform::Dword type = 0;
   std::string bytes;
   stored("Blank", &type, &bytes);
   EXPECT_EQ(std::string(4, '\0'), bytes);
-  SetRegValue(HKEY_CURRENT_USER, kKey, "Huge", REG_DWORD, std::string("4294967295"));
+  SetRegValue(HKCU, kKey, "Huge", kRegDword, std::string("4294967295"));
   stored("Huge", &type, &bytes);
   EXPECT_EQ(std::string(4, '\0'), bytes);
 }
 
 TEST_F(RegistryRoutines, SetRegValueTextStoresItsTerminator) {
-  SetRegValue(HKEY_CURRENT_USER, kKey, "Abc", REG_SZ, std::string("abc"));
+  SetRegValue(HKCU, kKey, "Abc", kRegSz, std::string("abc"));
   platform::Dword type = 0;
   std::string bytes;
   stored("Abc", &type, &bytes);
@@ -165,7 +165,7 @@ TEST_F(RegistryRoutines, SetRegValueTextStoresItsTerminator) {
 TEST_F(RegistryRoutines, SetRegValueNumberWithTypeOneKeepsItsDigitsWhole) {
   // The digits go out with no terminator counted; Windows 98 stores the
   // string with its terminator all the same, so they come back whole.
-  SetRegValue(HKEY_CURRENT_USER, kKey, "DefaultRcvWindow", REG_SZ, std::int32_t{8192});
+  SetRegValue(HKCU, kKey, "DefaultRcvWindow", kRegSz, std::int32_t{8192});
   platform::Dword type = 0;
   std::string bytes;
   stored("DefaultRcvWindow", &type, &bytes);
@@ -175,7 +175,7 @@ TEST_F(RegistryRoutines, SetRegValueNumberWithTypeOneKeepsItsDigitsWhole) {
 }
 
 TEST_F(RegistryRoutines, SetRegValueWithOtherTypesWritesRegSz) {
-  SetRegValue(HKEY_CURRENT_USER, kKey, "Three", 3, std::string("xy"));
+  SetRegValue(HKCU, kKey, "Three", 3, std::string("xy"));
   platform::Dword type = 0;
   std::string bytes;
   stored("Three", &type, &bytes);
@@ -184,15 +184,15 @@ TEST_F(RegistryRoutines, SetRegValueWithOtherTypesWritesRegSz) {
 }
 
 TEST_F(RegistryRoutines, LeadingBackslashWritesWithoutItAndReadsNotFound) {
-  SetRegValue(HKEY_CURRENT_USER, "\\" + kKey + "\\Sound", "Beep", REG_SZ, std::string("yes"));
-  EXPECT_EQ("yes", GetRegValue(HKEY_CURRENT_USER, kKey + "\\Sound", "Beep"));
-  EXPECT_EQ("Not Found", GetRegValue(HKEY_CURRENT_USER, "\\" + kKey + "\\Sound", "Beep"));
+  SetRegValue(HKCU, "\\" + kKey + "\\Sound", "Beep", kRegSz, std::string("yes"));
+  EXPECT_EQ("yes", GetRegValue(HKCU, kKey + "\\Sound", "Beep"));
+  EXPECT_EQ("Not Found", GetRegValue(HKCU, "\\" + kKey + "\\Sound", "Beep"));
 }
 
 TEST_F(RegistryRoutines, MissingHiveReadsNotFoundAndWritesNothing) {
   EXPECT_EQ("Not Found", GetRegValue(0, kKey, "x"));
   EXPECT_EQ("Not Found", GetRegValue(0x80000010u, kKey, "x"));
-  SetRegValue(0, kKey, "x", REG_SZ, std::string("v"));
+  SetRegValue(0, kKey, "x", kRegSz, std::string("v"));
   DelRegValue(0, kKey, "x");
   DelRegKey(0, kKey);
   DelRegSubKey(0, kKey);
@@ -201,91 +201,91 @@ TEST_F(RegistryRoutines, MissingHiveReadsNotFoundAndWritesNothing) {
 }
 
 TEST_F(RegistryRoutines, SetRegValueExStoresExactlyTheGivenBytes) {
-  EXPECT_TRUE(SetRegValueEx(HKEY_CURRENT_USER, kKey, "", "NoDispCPL",
-                            std::string("\x00\x00\x00\x20", 4), REG_BINARY));
+  EXPECT_TRUE(SetRegValueEx(HKCU, kKey, "", "NoDispCPL",
+                            std::string("\x00\x00\x00\x20", 4), kRegBinary));
   platform::Dword type = 0;
   std::string bytes;
   stored("NoDispCPL", &type, &bytes);
   EXPECT_EQ(platform::kRegBinary, type);
   EXPECT_EQ(std::string("\x00\x00\x00\x20", 4), bytes);
   EXPECT_EQ("00000020", read("NoDispCPL"));
-  EXPECT_TRUE(SetRegValueEx(HKEY_CURRENT_USER, kKey, "", "Logging", std::string("\x01", 1), REG_BINARY));
+  EXPECT_TRUE(SetRegValueEx(HKCU, kKey, "", "Logging", std::string("\x01", 1), kRegBinary));
   EXPECT_EQ("01", read("Logging"));
 }
 
 TEST_F(RegistryRoutines, SetRegValueExEncodesDwords) {
-  EXPECT_TRUE(SetRegValueEx(HKEY_CURRENT_USER, kKey, "", "D", std::int32_t{258}, REG_DWORD));
+  EXPECT_TRUE(SetRegValueEx(HKCU, kKey, "", "D", std::int32_t{258}, kRegDword));
   platform::Dword type = 0;
   std::string bytes;
   stored("D", &type, &bytes);
   EXPECT_EQ(std::string("\x02\x01\x00\x00", 4), bytes);
-  EXPECT_TRUE(SetRegValueEx(HKEY_CURRENT_USER, kKey, "", "E", std::int32_t{258},
-                            REG_DWORD_BIG_ENDIAN));
+  EXPECT_TRUE(SetRegValueEx(HKCU, kKey, "", "E", std::int32_t{258},
+                            kRegDwordBigEndian));
   stored("E", &type, &bytes);
-  EXPECT_EQ(platform::Dword{REG_DWORD_BIG_ENDIAN}, type);
+  EXPECT_EQ(platform::Dword{kRegDwordBigEndian}, type);
   EXPECT_EQ(std::string("\x00\x00\x01\x02", 4), bytes);
 }
 
 TEST_F(RegistryRoutines, SetRegValueExFailsOnAMissingHive) {
-  EXPECT_FALSE(SetRegValueEx(0, kKey, "", "x", std::string("a"), REG_BINARY));
+  EXPECT_FALSE(SetRegValueEx(0, kKey, "", "x", std::string("a"), kRegBinary));
 }
 
 TEST_F(RegistryRoutines, EnumRegKeyWalksSubkeysUntilNotFound) {
-  SetRegValue(HKEY_CURRENT_USER, kKey + "\\WinZip", "DisplayName", REG_SZ, std::string("WinZip"));
-  SetRegValue(HKEY_CURRENT_USER, kKey + "\\DirectX", "DisplayName", REG_SZ, std::string("DirectX"));
+  SetRegValue(HKCU, kKey + "\\WinZip", "DisplayName", kRegSz, std::string("WinZip"));
+  SetRegValue(HKCU, kKey + "\\DirectX", "DisplayName", kRegSz, std::string("DirectX"));
   std::int32_t index = 0;
   std::vector<std::string> names;
-  for (std::string name; (name = EnumRegKey(HKEY_CURRENT_USER, kKey, index)) != "Not Found"; ++index)
+  for (std::string name; (name = EnumRegKey(HKCU, kKey, index)) != "Not Found"; ++index)
     names.push_back(name);
   ASSERT_EQ(2u, names.size());
   EXPECT_NE(names[0], names[1]);
 }
 
 TEST_F(RegistryRoutines, EnumRegValueGivesTypeNameAndData) {
-  store("Bin", REG_BINARY, std::string("AB\x01", 3));
-  store("Num", REG_DWORD, DwordToBytes(5000));
-  store("Str", REG_SZ, std::string("Text\0", 5));
+  store("Bin", kRegBinary, std::string("AB\x01", 3));
+  store("Num", kRegDword, DwordToBytes(5000));
+  store("Str", kRegSz, std::string("Text\0", 5));
   std::map<std::string, EnumeratedValue> seen;
   std::int32_t index = 0;
   for (;; ++index) {
-    const auto value = EnumRegValue(HKEY_CURRENT_USER, kKey, index);
+    const auto value = EnumRegValue(HKCU, kKey, index);
     if (value.data == "Not Found") break;
     seen[value.name] = value;
   }
   ASSERT_EQ(3, index);
-  EXPECT_EQ(REG_BINARY, seen["Bin"].type);
+  EXPECT_EQ(kRegBinary, seen["Bin"].type);
   EXPECT_EQ("AB", seen["Bin"].data);
-  EXPECT_EQ(REG_DWORD, seen["Num"].type);
+  EXPECT_EQ(kRegDword, seen["Num"].type);
   EXPECT_EQ("500", seen["Num"].data);
-  EXPECT_EQ(REG_SZ, seen["Str"].type);
+  EXPECT_EQ(kRegSz, seen["Str"].type);
   EXPECT_EQ("Text", seen["Str"].data);
 }
 
 TEST_F(RegistryRoutines, EnumRegValuePastTheEnd) {
-  store("Only", REG_SZ, std::string("x\0", 2));
-  const auto past = EnumRegValue(HKEY_CURRENT_USER, kKey, 1);
+  store("Only", kRegSz, std::string("x\0", 2));
+  const auto past = EnumRegValue(HKCU, kKey, 1);
   EXPECT_EQ(0, past.type);
   EXPECT_EQ(std::string(2048, ' '), past.name);
   EXPECT_EQ("Not Found", past.data);
 }
 
 TEST_F(RegistryRoutines, DeletingMissingKeysDoesNothing) {
-  DelRegKey(HKEY_CURRENT_USER, kKey + "\\Missing");
-  DelRegSubKey(HKEY_CURRENT_USER, kKey + "\\Missing");
-  DelRegValue(HKEY_CURRENT_USER, kKey + "\\Missing", "v");
-  EXPECT_EQ("Not Found", GetRegValue(HKEY_CURRENT_USER, kKey + "\\Missing", "v"));
+  DelRegKey(HKCU, kKey + "\\Missing");
+  DelRegSubKey(HKCU, kKey + "\\Missing");
+  DelRegValue(HKCU, kKey + "\\Missing", "v");
+  EXPECT_EQ("Not Found", GetRegValue(HKCU, kKey + "\\Missing", "v"));
 }
 
 TEST_F(RegistryRoutines, DeletionRemovesKeysWithTheirSubkeysAndSingleValues) {
-  SetRegValue(HKEY_CURRENT_USER, kKey + "\\Ext\\Sub", "v", REG_SZ, std::string("1"));
-  SetRegValue(HKEY_CURRENT_USER, kKey + "\\Ext2\\Sub", "v", REG_SZ, std::string("1"));
-  SetRegValue(HKEY_CURRENT_USER, kKey, "keep", REG_SZ, std::string("k"));
-  SetRegValue(HKEY_CURRENT_USER, kKey, "drop", REG_SZ, std::string("d"));
-  DelRegKey(HKEY_CURRENT_USER, kKey + "\\Ext");
-  DelRegSubKey(HKEY_CURRENT_USER, kKey + "\\Ext2");
-  DelRegValue(HKEY_CURRENT_USER, kKey, "drop");
-  EXPECT_EQ("Not Found", GetRegValue(HKEY_CURRENT_USER, kKey + "\\Ext\\Sub", "v"));
-  EXPECT_EQ("Not Found", GetRegValue(HKEY_CURRENT_USER, kKey + "\\Ext2\\Sub", "v"));
+  SetRegValue(HKCU, kKey + "\\Ext\\Sub", "v", kRegSz, std::string("1"));
+  SetRegValue(HKCU, kKey + "\\Ext2\\Sub", "v", kRegSz, std::string("1"));
+  SetRegValue(HKCU, kKey, "keep", kRegSz, std::string("k"));
+  SetRegValue(HKCU, kKey, "drop", kRegSz, std::string("d"));
+  DelRegKey(HKCU, kKey + "\\Ext");
+  DelRegSubKey(HKCU, kKey + "\\Ext2");
+  DelRegValue(HKCU, kKey, "drop");
+  EXPECT_EQ("Not Found", GetRegValue(HKCU, kKey + "\\Ext\\Sub", "v"));
+  EXPECT_EQ("Not Found", GetRegValue(HKCU, kKey + "\\Ext2\\Sub", "v"));
   EXPECT_EQ("Not Found", read("drop"));
   EXPECT_EQ("k", read("keep"));
 }

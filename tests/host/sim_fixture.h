@@ -1,0 +1,27 @@
+// A fresh simulated Windows 98 for each host test, in its own host folder.
+#pragma once
+
+#include "platform/platform.h"
+#include "platform/sim/sim_control.h"
+#include "runtime/basic_error.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+class SimMachineTest : public ::testing::Test {
+protected:
+  void SetUp() override {
+    char pattern[] = "/tmp/tl99-host-XXXXXX";
+    root_ = ::mkdtemp(pattern);
+    platform::sim::reset(root_);
+    platform::CreateDirectoryA("C:\\WINDOWS");
+    platform::CreateDirectoryA("C:\\WINDOWS\\TEMP");
+    runtime::Err().clear();
+  }
+  void TearDown() override { std::filesystem::remove_all(root_); }
+
+  std::string root_;
+};

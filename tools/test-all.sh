@@ -1,0 +1,95 @@
+#!/usr/bin/env bash
+# Installs what is needed, builds every configuration and runs all test tiers:
+#   1. host tests (simulated Windows 98)
+#   2. platform conformance, twice: simulated, and Win32 under Wine-as-98
+#   3. end-to-end tests of the real exe under Wine (when present)
+#   4. static check of the exe
+# then the benchmarks, which print figures and never fail. Ends with one line:
+# "N passed, N failed".
+set -uo pipefail
+cd "$(dirname "$0")/.."
+root=$PWD
+logs=$root/build/test-logs
+passed=0
+failed=0
+
+tools/install-deps.sh || exit 1
+tools/build-all.sh || { echo "0 passed, 1 failed"; exit 1; }
+mkdir -p "$logs"
+
+count() { # NAME PASSED FAILED
+  echo "-- $1: $2 passed, $3 failed"
+  passed=$((passed + $2))
+  failed=$((failed + $3))
+}
+
+# gtest's own summary: "[  PASSED  ] N tests." and "[  FAILED  ] N tests,"
+gtest_counts() {
+  local ok bad
+  ok=$(grep -oE '^\[  PASSED  \] [0-9]+' "$1" | grep -oE '[0-9]+$' || true)
+  bad=$(grep -oE '^\[  FAILED  \] [0-9]+ test' "$1" | grep -oE '[0-9]+' || true)
+  echo "${ok:-0} ${bad:-0}"
+}
+
+echo "== tier 1 and 2 (simulated): host tests and conformance"
+(cd build/host && ctest --output-on-failure -j "$(nproc)") >"$logs/ctest.log" 2>&1
+tail -n 3 "$logs/ctest.log"
+host_total=$(grep -oE 'tests passed, [0-9]+ tests failed out of [0-9]+' "$logs/ctest.log" | grep -oE '[0-9]+$')
+host_failed=$(grep -oE '[0-9]+ tests failed out of' "$logs/ctest.log" | grep -oE '^[0-9]+')
+count "host ctest" $(( ${host_total:-0} - ${host_failed:-0} )) "${host_failed:-1}"
+[ "${host_failed:-1}" -eq 0 ] || grep -E 'Failed|\*\*\*' "$logs/ctest.log" | head -20
+sim_conformance=$(build/host/tests/conformance/tl99_conformance --gtest_list_tests | grep -c '^  ')
+
+echo "== Windows 98 environment"
+. tools/wine-user.sh
+. tools/xvfb.sh
+prefix=$root/build/wine98
+tools/make-win98-prefix.sh "$prefix" || { count "Windows 98 prefix" 0 1; echo "$passed passed, $failed failed"; exit 1; }
+export WINEPREFIX=$prefix
+start_xvfb
+trap 'as_wine_user wineserver -k >/dev/null 2>&1; stop_xvfb' EXIT
+
+echo "== tier 2 (Win32 under Wine-as-98): conformance"
+as_wine_user timeout 600 wine build/win32-tests/tests/conformance/tl99_conformance.exe >"$logs/conformance-wine.log" 2>&1
+read -r ok bad < <(gtest_counts "$logs/conformance-wine.log")
+grep -E '^\[  FAILED  \]|Failure' "$logs/conformance-wine.log" | head -20
+count "conformance under Wine" "$ok" "$bad"
+echo "   conformance tests: simulated $sim_conformance, Wine $((ok + bad))"
+if [ "$sim_conformance" -ne $((ok + bad)) ]; then
+  echo "   the two conformance runs differ in their test count"
+  count "same conformance count" 0 1
+fi
+
+if [ -x tests/e2e/run-e2e.sh ]; then
+  echo "== tier 3: end-to-end"
+  tests/e2e/run-e2e.sh >"$logs/e2e.log" 2>&1
+  read -r ok bad < <(grep -oE '^e2e: [0-9]+ passed, [0-9]+ failed' "$logs/e2e.log" | grep -oE '[0-9]+' | tr '\n' ' ')
+  grep -E 'FAIL' "$logs/e2e.log" | head -20
+  count "end-to-end" "${ok:-0}" "${bad:-1}"
+fi
+
+echo "== tier 4: static check"
+exe="build/win32/app/Tweakloom 99.exe"
+if build/host/tools/pecheck/tl99_pecheck "$exe" tools/win98/allow.txt tools/win98/deny.txt; then
+  count "static check of the exe" 1 0
+else
+  count "static check of the exe" 0 1
+fi
+# The checker must refuse an exe with imports that Windows 98 lacks: the
+# posix-model test program pulls in winpthreads.
+if build/host/tools/pecheck/tl99_pecheck build/win32-tests/tests/conformance/tl99_conformance.exe \
+  tools/win98/allow.txt tools/win98/deny.txt >/dev/null; then
+  count "static check refuses a posix-model exe" 0 1
+else
+  count "static check refuses a posix-model exe" 1 0
+fi
+p6=$(i686-w64-mingw32-objdump -d "$exe" | grep -cE '\s(cmov[a-z]*|fcomi[p]?|fucomi[p]?)\s' || true)
+echo "   P6-only instructions (cmov/fcomi) in the exe: $p6 (the prebuilt runtime needs a Pentium Pro or later)"
+
+echo "== benchmarks (figures only)"
+build/host/tests/bench/tl99_sim_bench
+as_wine_user wine build/win32/tests/bench/tl99_wine_bench.exe
+echo "exe size: $(stat -c %s "$exe") bytes"
+
+echo "$passed passed, $failed failed"
+[ "$failed" -eq 0 ]
