@@ -27,9 +27,9 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int showCommand) {
   // 8265 by 7125 twips of client area at 15 twips a pixel.
   RECT frame{0, 0, 551, 475};
   ::AdjustWindowRect(&frame, WS_OVERLAPPEDWINDOW, FALSE);
-  HWND window = ::CreateWindowExA(0, kClassName, "Tweakloom 99", WS_OVERLAPPEDWINDOW,
-                                  CW_USEDEFAULT, CW_USEDEFAULT, frame.right - frame.left,
-                                  frame.bottom - frame.top, nullptr, nullptr, instance, nullptr);
+  HWND window = ::CreateWindowExA(0, kClassName, "Tweakloom 99", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
+                                  CW_USEDEFAULT, frame.right - frame.left, frame.bottom - frame.top,
+                                  nullptr, nullptr, instance, nullptr);
   if (!window) return 1;
   ::ShowWindow(window, showCommand);
   MSG message;

@@ -22,7 +22,8 @@ std::string Mid(std::string_view text, std::int64_t start, std::int64_t length) 
 
 std::int64_t InStr(std::int64_t start, std::string_view text, std::string_view search) {
   if (start < 1) raiseError(kInvalidProcedureCall);
-  if (static_cast<std::size_t>(start) > text.size()) return search.empty() && static_cast<std::size_t>(start) == text.size() + 1 ? start : 0;
+  if (static_cast<std::size_t>(start) > text.size())
+    return search.empty() && static_cast<std::size_t>(start) == text.size() + 1 ? start : 0;
   const auto at = text.find(search, static_cast<std::size_t>(start - 1));
   return at == std::string_view::npos ? 0 : static_cast<std::int64_t>(at) + 1;
 }
@@ -32,8 +33,9 @@ std::string LTrim(std::string_view text) {
   return first == std::string_view::npos ? "" : std::string(text.substr(first));
 }
 
-Value add(const Value& left, const Value& right) {
-  if (isText(left) && isText(right)) return std::get<std::string>(left) + std::get<std::string>(right);
+Value add(const Value &left, const Value &right) {
+  if (isText(left) && isText(right))
+    return std::get<std::string>(left) + std::get<std::string>(right);
   if (std::holds_alternative<Empty>(left)) return right;
   if (std::holds_alternative<Empty>(right)) return left;
   return toDouble(left) + toDouble(right);

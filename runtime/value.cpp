@@ -14,7 +14,7 @@ namespace {
 bool isBlank(char c) { return c == ' ' || c == '\t'; }
 
 // Reads "&Hxx" or "&Oxx" at `text`; false when it isn't such a literal.
-bool readRadixLiteral(std::string_view text, std::size_t* used, double* number) {
+bool readRadixLiteral(std::string_view text, std::size_t *used, double *number) {
   if (text.size() < 3 || text[0] != '&') return false;
   const char kind = static_cast<char>(std::toupper(static_cast<unsigned char>(text[1])));
   const int radix = kind == 'H' ? 16 : kind == 'O' ? 8 : 0;
@@ -24,22 +24,27 @@ bool readRadixLiteral(std::string_view text, std::size_t* used, double* number) 
   for (; i < text.size(); ++i) {
     const int c = std::toupper(static_cast<unsigned char>(text[i]));
     int digit = -1;
-    if (c >= '0' && c <= '9') digit = c - '0';
-    else if (radix == 16 && c >= 'A' && c <= 'F') digit = c - 'A' + 10;
+    if (c >= '0' && c <= '9')
+      digit = c - '0';
+    else if (radix == 16 && c >= 'A' && c <= 'F')
+      digit = c - 'A' + 10;
     if (digit < 0 || digit >= radix) break;
-    accumulated = accumulated * static_cast<std::uint32_t>(radix) + static_cast<std::uint32_t>(digit);
+    accumulated =
+        accumulated * static_cast<std::uint32_t>(radix) + static_cast<std::uint32_t>(digit);
   }
   if (i == 2) return false;
   *used = i;
   // Up to four hex digits make a 16-bit Integer, more a 32-bit Long.
-  if (i - 2 <= 4 && radix == 16) *number = static_cast<std::int16_t>(accumulated);
-  else *number = static_cast<std::int32_t>(accumulated);
+  if (i - 2 <= 4 && radix == 16)
+    *number = static_cast<std::int16_t>(accumulated);
+  else
+    *number = static_cast<std::int32_t>(accumulated);
   return true;
 }
 
 // Reads a decimal number (sign, digits, point, exponent) at the start of
 // `text`; returns the count of characters used, 0 when there is no number.
-std::size_t readDecimal(std::string_view text, double* number) {
+std::size_t readDecimal(std::string_view text, double *number) {
   std::size_t i = 0;
   std::string digits;
   if (i < text.size() && (text[i] == '+' || text[i] == '-')) digits += text[i++];
@@ -61,7 +66,8 @@ std::size_t readDecimal(std::string_view text, double* number) {
     std::string exponent = "e";
     if (j < text.size() && (text[j] == '+' || text[j] == '-')) exponent += text[j++];
     const std::size_t start = j;
-    while (j < text.size() && std::isdigit(static_cast<unsigned char>(text[j]))) exponent += text[j++];
+    while (j < text.size() && std::isdigit(static_cast<unsigned char>(text[j])))
+      exponent += text[j++];
     if (j > start) {
       digits += exponent;
       i = j;
@@ -73,16 +79,18 @@ std::size_t readDecimal(std::string_view text, double* number) {
 
 } // namespace
 
-bool isText(const Value& value) { return std::holds_alternative<std::string>(value); }
+bool isText(const Value &value) { return std::holds_alternative<std::string>(value); }
 
-bool isNumber(const Value& value) {
+bool isNumber(const Value &value) {
   return std::holds_alternative<std::int16_t>(value) ||
          std::holds_alternative<std::int32_t>(value) || std::holds_alternative<double>(value);
 }
 
 double textToNumber(std::string_view text) {
-  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  while (!text.empty() && isBlank(text.front()))
+    text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back()))
+    text.remove_suffix(1);
   double number = 0;
   std::size_t used = 0;
   if (!readRadixLiteral(text, &used, &number)) used = readDecimal(text, &number);
@@ -90,12 +98,12 @@ double textToNumber(std::string_view text) {
   return number;
 }
 
-double toDouble(const Value& value) {
+double toDouble(const Value &value) {
   if (std::holds_alternative<Empty>(value)) return 0;
-  if (const bool* b = std::get_if<bool>(&value)) return *b ? -1 : 0;
-  if (const auto* i = std::get_if<std::int16_t>(&value)) return *i;
-  if (const auto* l = std::get_if<std::int32_t>(&value)) return *l;
-  if (const double* d = std::get_if<double>(&value)) return *d;
+  if (const bool *b = std::get_if<bool>(&value)) return *b ? -1 : 0;
+  if (const auto *i = std::get_if<std::int16_t>(&value)) return *i;
+  if (const auto *l = std::get_if<std::int32_t>(&value)) return *l;
+  if (const double *d = std::get_if<double>(&value)) return *d;
   return textToNumber(std::get<std::string>(value));
 }
 
@@ -107,22 +115,22 @@ double roundHalfEven(double number) {
   return rounded;
 }
 
-std::int16_t toInteger(const Value& value) {
+std::int16_t toInteger(const Value &value) {
   const double rounded = roundHalfEven(toDouble(value));
   if (!(rounded >= -32768.0 && rounded <= 32767.0)) raiseError(kOverflow);
   return static_cast<std::int16_t>(rounded);
 }
 
-std::int32_t toLong(const Value& value) {
+std::int32_t toLong(const Value &value) {
   const double rounded = roundHalfEven(toDouble(value));
   if (!(rounded >= -2147483648.0 && rounded <= 2147483647.0)) raiseError(kOverflow);
   return static_cast<std::int32_t>(rounded);
 }
 
-std::string toText(const Value& value) {
+std::string toText(const Value &value) {
   if (std::holds_alternative<Empty>(value)) return "";
-  if (const bool* b = std::get_if<bool>(&value)) return *b ? "True" : "False";
-  if (const auto* s = std::get_if<std::string>(&value)) return *s;
+  if (const bool *b = std::get_if<bool>(&value)) return *b ? "True" : "False";
+  if (const auto *s = std::get_if<std::string>(&value)) return *s;
   return generalForm(toDouble(value));
 }
 
@@ -142,13 +150,14 @@ std::string generalForm(double number) {
   std::snprintf(text, sizeof text, "%.14E", number);
   // text is "-d.ddddddddddddddE+xx": take the mantissa digits and exponent.
   std::string mantissa;
-  const char* p = text;
+  const char *p = text;
   const bool negative = *p == '-';
   if (negative) ++p;
   for (; *p && *p != 'E'; ++p)
     if (*p != '.') mantissa += *p;
   const int exponent = std::atoi(p + 1);
-  while (mantissa.size() > 1 && mantissa.back() == '0') mantissa.pop_back();
+  while (mantissa.size() > 1 && mantissa.back() == '0')
+    mantissa.pop_back();
   std::string out = negative ? "-" : "";
   if (exponent >= 15 || exponent < -4) {
     out += mantissa.substr(0, 1);
@@ -160,7 +169,8 @@ std::string generalForm(double number) {
     std::snprintf(tail, sizeof tail, "E%c%02d", exponent < 0 ? '-' : '+', std::abs(exponent));
     return out + tail;
   }
-  if (exponent < 0) return out + "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + mantissa;
+  if (exponent < 0)
+    return out + "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + mantissa;
   const auto whole = static_cast<std::size_t>(exponent) + 1;
   if (mantissa.size() <= whole) return out + mantissa + std::string(whole - mantissa.size(), '0');
   return out + mantissa.substr(0, whole) + "." + mantissa.substr(whole);

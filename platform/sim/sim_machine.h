@@ -25,7 +25,7 @@ struct Value {
 
 struct Key {
   std::string name;
-  std::vector<Value> values;               // kept in enumeration order
+  std::vector<Value> values;                 // kept in enumeration order
   std::vector<std::shared_ptr<Key>> subkeys; // kept in enumeration order
   bool deleted = false;
 };
@@ -57,8 +57,8 @@ struct Machine {
   Status lastError = 0;
 };
 
-Machine& machine();
-void log(const std::string& line);
+Machine &machine();
+void log(const std::string &line);
 Status fail(Status error); // sets the last error and returns it
 
 // Comparison of names as Windows 98 compares them: each byte is taken in

@@ -12,10 +12,12 @@
 
 namespace {
 
-template <class Body> void rate(const char* what, int iterations, Body&& body) {
+template <class Body> void rate(const char *what, int iterations, Body &&body) {
   const auto start = std::chrono::steady_clock::now();
-  for (int i = 0; i < iterations; ++i) body(i);
-  const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  for (int i = 0; i < iterations; ++i)
+    body(i);
+  const double seconds =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   std::printf("sim %-34s %10.0f operations/s\n", what, iterations / seconds);
 }
 
@@ -25,7 +27,8 @@ int main() {
   char pattern[] = "/tmp/tl99-bench-XXXXXX";
   const std::string root = ::mkdtemp(pattern);
   platform::sim::reset(root);
-  const std::string key = ".DEFAULT\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
+  const std::string key =
+      ".DEFAULT\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
   using namespace sysaccess;
   volatile std::size_t sink = 0;
   rate("SetRegValue (REG_SZ)", 100000, [&](int i) {
@@ -36,7 +39,8 @@ int main() {
   });
   rate("GetRegValue of a missing key", 100000,
        [&](int) { sink = sink + GetRegValue(HKU, key + "\\Nowhere", "x").size(); });
-  rate("EnumRegValue", 100000, [&](int i) { sink = sink + EnumRegValue(HKU, key, i % 60).data.size(); });
+  rate("EnumRegValue", 100000,
+       [&](int i) { sink = sink + EnumRegValue(HKU, key, i % 60).data.size(); });
   platform::CreateDirectoryA("C:\\WINDOWS");
   platform::WritePrivateProfileStringA("1", "Files", "30,AUTOEXEC.BAT", "C:\\WINDOWS\\scanreg.ini");
   rate("GetFromINI", 20000,

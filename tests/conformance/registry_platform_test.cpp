@@ -21,19 +21,19 @@ protected:
   }
   void TearDown() override { RegCloseKey(key_); }
 
-  Status set(const char* name, Dword type, const std::string& bytes, Dword size) {
-    return RegSetValueExA(key_, name, 0, type, reinterpret_cast<const std::uint8_t*>(bytes.data()),
+  Status set(const char *name, Dword type, const std::string &bytes, Dword size) {
+    return RegSetValueExA(key_, name, 0, type, reinterpret_cast<const std::uint8_t *>(bytes.data()),
                           size);
   }
-  Status set(const char* name, Dword type, const std::string& bytes) {
+  Status set(const char *name, Dword type, const std::string &bytes) {
     return set(name, type, bytes, static_cast<Dword>(bytes.size()));
   }
   // The stored type and bytes of a value, read with a large enough buffer.
-  Status get(const char* name, Dword* type, std::string* bytes) {
+  Status get(const char *name, Dword *type, std::string *bytes) {
     std::vector<std::uint8_t> buffer(8192);
     Dword size = static_cast<Dword>(buffer.size());
     const Status rc = RegQueryValueExA(key_, name, type, buffer.data(), &size);
-    if (rc == 0) bytes->assign(reinterpret_cast<char*>(buffer.data()), size);
+    if (rc == 0) bytes->assign(reinterpret_cast<char *>(buffer.data()), size);
     return rc;
   }
 
@@ -116,7 +116,7 @@ TEST_F(RegistryPlatform, MissingValueAndTooSmallBuffer) {
 TEST_F(RegistryPlatform, DeletingAKeyRemovesItsWholeSubtree) {
   RegKey deep = 0;
   ASSERT_EQ(0, RegCreateKeyA(key_, "Unknown\\shell\\Open in Notepad\\Command", &deep));
-  ASSERT_EQ(0, RegSetValueExA(deep, "", 0, kRegSz, reinterpret_cast<const std::uint8_t*>("n"), 2));
+  ASSERT_EQ(0, RegSetValueExA(deep, "", 0, kRegSz, reinterpret_cast<const std::uint8_t *>("n"), 2));
   RegCloseKey(deep);
   EXPECT_EQ(0, RegDeleteKeyA(key_, "Unknown\\shell\\Open in Notepad"));
   RegKey probe = 0;
@@ -136,8 +136,8 @@ TEST_F(RegistryPlatform, LeadingBackslashIsDroppedOnCreateAndRefusedOnOpen) {
   EXPECT_EQ(kErrorBadPathname, RegOpenKeyA(key_, "\\Control Panel\\Sound", &opened));
   EXPECT_EQ(0u, opened);
   Dword disposition = 0;
-  ASSERT_EQ(0, RegCreateKeyExA(key_, "\\Other", 0, "", 0, kKeyAllAccess, true, &created,
-                               &disposition));
+  ASSERT_EQ(
+      0, RegCreateKeyExA(key_, "\\Other", 0, "", 0, kKeyAllAccess, true, &created, &disposition));
   EXPECT_EQ(1u, disposition);
   RegCloseKey(created);
   EXPECT_EQ(0, RegOpenKeyA(key_, "Other", &opened));
@@ -147,10 +147,12 @@ TEST_F(RegistryPlatform, LeadingBackslashIsDroppedOnCreateAndRefusedOnOpen) {
 TEST_F(RegistryPlatform, CreateReportsNewOrExisting) {
   RegKey created = 0;
   Dword disposition = 0;
-  ASSERT_EQ(0, RegCreateKeyExA(key_, "A\\B", 0, "", 0, kKeyAllAccess, true, &created, &disposition));
+  ASSERT_EQ(0,
+            RegCreateKeyExA(key_, "A\\B", 0, "", 0, kKeyAllAccess, true, &created, &disposition));
   EXPECT_EQ(1u, disposition);
   RegCloseKey(created);
-  ASSERT_EQ(0, RegCreateKeyExA(key_, "a\\b", 0, "", 0, kKeyAllAccess, true, &created, &disposition));
+  ASSERT_EQ(0,
+            RegCreateKeyExA(key_, "a\\b", 0, "", 0, kKeyAllAccess, true, &created, &disposition));
   EXPECT_EQ(2u, disposition);
   RegCloseKey(created);
 }
@@ -196,7 +198,8 @@ TEST_F(RegistryPlatform, NamesCompareWithoutCase) {
 TEST_F(RegistryPlatform, HighBytesRoundTripInNamesAndData) {
   const std::string name = "Caf\xE9 \xC0\xFF\x80";
   std::string data;
-  for (int c = 0x80; c <= 0xFF; ++c) data += static_cast<char>(c);
+  for (int c = 0x80; c <= 0xFF; ++c)
+    data += static_cast<char>(c);
   ASSERT_EQ(0, set(name.c_str(), kRegBinary, data));
   ASSERT_EQ(0, set((name + "s").c_str(), kRegSz, data + '\0'));
   Dword type = 0;
@@ -218,7 +221,7 @@ TEST_F(RegistryPlatform, HighBytesRoundTripInNamesAndData) {
 }
 
 TEST_F(RegistryPlatform, EnumerationWalksAllAndEndsWithNoMoreItems) {
-  for (const char* sub : {"Beta", "alpha", "Gamma"}) {
+  for (const char *sub : {"Beta", "alpha", "Gamma"}) {
     RegKey k = 0;
     ASSERT_EQ(0, RegCreateKeyA(key_, sub, &k));
     RegCloseKey(k);

@@ -31,7 +31,8 @@ protected:
 };
 
 TEST_F(SystemHelpers, GetFromINIReadsValuesWithoutCaseOrBlanks) {
-  conformance::writeFile(kIni, "[Scanreg]\r\nBackup = 1 \r\n; note\r\nMaxBackupCopies=5\r\n[1]\r\nFiles=30,AUTOEXEC.BAT\r\n");
+  conformance::writeFile(kIni, "[Scanreg]\r\nBackup = 1 \r\n; "
+                               "note\r\nMaxBackupCopies=5\r\n[1]\r\nFiles=30,AUTOEXEC.BAT\r\n");
   EXPECT_EQ("1", GetFromINI("scanreg", "BACKUP", kIni));
   EXPECT_EQ("5", GetFromINI("Scanreg", "MaxBackupCopies", kIni));
   EXPECT_EQ("30,AUTOEXEC.BAT", GetFromINI("1", "Files", kIni));
@@ -78,7 +79,8 @@ TEST_F(SystemHelpers, GetFromINIReadsAReadOnlyFile) {
 }
 
 TEST_F(SystemHelpers, HighBytesPassThroughProfileFiles) {
-  EXPECT_TRUE(platform::WritePrivateProfileStringA("General", "Manufacturer", "Soci\xE9t\xE9 \xC0\xFF", kIni.c_str()));
+  EXPECT_TRUE(platform::WritePrivateProfileStringA("General", "Manufacturer",
+                                                   "Soci\xE9t\xE9 \xC0\xFF", kIni.c_str()));
   EXPECT_EQ("Soci\xE9t\xE9 \xC0\xFF", GetFromINI("General", "Manufacturer", kIni));
 }
 
@@ -87,14 +89,17 @@ TEST_F(SystemHelpers, ProfileWriteCreatesTheFileInTheSystemsFormat) {
   EXPECT_TRUE(platform::WritePrivateProfileStringA("-=Note=-", "Altered by Tweakloom 99",
                                                    "Please do not edit manually", kIni.c_str()));
   EXPECT_TRUE(platform::WritePrivateProfileStringA("1", "Backup", "  1", kIni.c_str()));
-  EXPECT_EQ("[1]\r\nFiles=30,AUTOEXEC.BAT\r\nBackup=1\r\n[-=Note=-]\r\nAltered by Tweakloom 99=Please do not edit manually\r\n",
+  EXPECT_EQ("[1]\r\nFiles=30,AUTOEXEC.BAT\r\nBackup=1\r\n[-=Note=-]\r\nAltered by Tweakloom "
+            "99=Please do not edit manually\r\n",
             conformance::readFile(kIni));
 }
 
 TEST_F(SystemHelpers, ProfileWriteKeepsCommentsAndDropsBlankLines) {
-  conformance::writeFile(kIni, "; header\r\n\r\n[vcache]\r\n\r\nMinFileCache = 512\r\nbare line\r\n[386Enh]\r\nCOMBoostTime=2");
+  conformance::writeFile(kIni, "; header\r\n\r\n[vcache]\r\n\r\nMinFileCache = 512\r\nbare "
+                               "line\r\n[386Enh]\r\nCOMBoostTime=2");
   EXPECT_TRUE(platform::WritePrivateProfileStringA("vcache", "MaxFileCache", "4096", kIni.c_str()));
-  EXPECT_EQ("; header\r\n[vcache]\r\nMinFileCache=512\r\nbare line\r\nMaxFileCache=4096\r\n[386Enh]\r\nCOMBoostTime=2\r\n",
+  EXPECT_EQ("; header\r\n[vcache]\r\nMinFileCache=512\r\nbare "
+            "line\r\nMaxFileCache=4096\r\n[386Enh]\r\nCOMBoostTime=2\r\n",
             conformance::readFile(kIni));
 }
 
@@ -112,15 +117,18 @@ TEST_F(SystemHelpers, ProfileWriteFailsOnReadOnlyFilesAndFolders) {
   EXPECT_FALSE(platform::WritePrivateProfileStringA("Options", "BootGUI", "0", kIni.c_str()));
   EXPECT_EQ("1", GetFromINI("Options", "BootGUI", kIni));
   EXPECT_FALSE(platform::WritePrivateProfileStringA("Options", "BootGUI", "0", kScratch));
-  EXPECT_FALSE(platform::WritePrivateProfileStringA("Options", "BootGUI", "0", "c:\\nowhere\\x.ini"));
+  EXPECT_FALSE(
+      platform::WritePrivateProfileStringA("Options", "BootGUI", "0", "c:\\nowhere\\x.ini"));
 }
 
 TEST_F(SystemHelpers, ProfileReadOfWholeSectionsAndSectionNames) {
   conformance::writeFile(kIni, "[a]\r\nx=1\r\n;c=3\r\ny=2\r\n[b]\r\n");
   char buffer[64];
-  const auto keys = platform::GetPrivateProfileStringA("a", nullptr, "", buffer, sizeof buffer, kIni.c_str());
+  const auto keys =
+      platform::GetPrivateProfileStringA("a", nullptr, "", buffer, sizeof buffer, kIni.c_str());
   EXPECT_EQ(std::string("x\0y\0", 4), std::string(buffer, keys));
-  const auto sections = platform::GetPrivateProfileStringA(nullptr, nullptr, "", buffer, sizeof buffer, kIni.c_str());
+  const auto sections =
+      platform::GetPrivateProfileStringA(nullptr, nullptr, "", buffer, sizeof buffer, kIni.c_str());
   EXPECT_EQ(std::string("a\0b\0", 4), std::string(buffer, sections));
 }
 
@@ -233,16 +241,19 @@ TEST_F(SystemHelpers, FilePrimitives) {
   conformance::writeFile(folder + "\\notes.txt", "t");
   auto cabs = platform::FindFiles((folder + "\\*.cab").c_str());
   std::vector<std::string> names;
-  for (const auto& f : cabs) names.push_back(upper(f.name));
+  for (const auto &f : cabs)
+    names.push_back(upper(f.name));
   std::sort(names.begin(), names.end());
   EXPECT_EQ((std::vector<std::string>{"RB000.CAB", "RB001.CAB"}), names);
   EXPECT_TRUE(platform::FindFiles((folder + "\\*.zip").c_str()).empty());
-  EXPECT_TRUE(platform::CopyFileA((folder + "\\rb000.cab").c_str(), (folder + "\\copy.cab").c_str(), false));
+  EXPECT_TRUE(platform::CopyFileA((folder + "\\rb000.cab").c_str(), (folder + "\\copy.cab").c_str(),
+                                  false));
   EXPECT_EQ("cab0", conformance::readFile(folder + "\\copy.cab"));
-  EXPECT_FALSE(platform::CopyFileA((folder + "\\none.cab").c_str(), (folder + "\\x.cab").c_str(), false));
+  EXPECT_FALSE(
+      platform::CopyFileA((folder + "\\none.cab").c_str(), (folder + "\\x.cab").c_str(), false));
   EXPECT_EQ(platform::kErrorFileNotFound, platform::GetLastError());
   EXPECT_FALSE(platform::RemoveDirectoryA(folder.c_str()));
-  for (const auto& f : platform::FindFiles((folder + "\\*.*").c_str())) {
+  for (const auto &f : platform::FindFiles((folder + "\\*.*").c_str())) {
     if (!(f.attributes & platform::kAttributeDirectory)) {
       EXPECT_TRUE(platform::DeleteFileA((folder + "\\" + f.name).c_str())) << f.name;
     }

@@ -12,11 +12,12 @@ using platform::sim::callLog;
 
 namespace {
 
-const std::string kPolicies = ".DEFAULT\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
+const std::string kPolicies =
+    ".DEFAULT\\Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
 
 class RegistryCalls : public SimMachineTest {
 protected:
-  std::vector<std::string> record(const std::function<void()>& action) {
+  std::vector<std::string> record(const std::function<void()> &action) {
     platform::sim::clearCallLog();
     platform::sim::setCallLogging(true);
     action();
@@ -34,7 +35,8 @@ TEST_F(RegistryCalls, GetRegValueOpensQueriesAndClosesEvenWhenTheKeyIsMissing) {
 }
 
 TEST_F(RegistryCalls, SetRegValueCreatesWritesFlushesAndCloses) {
-  const auto calls = record([] { SetRegValue(HKU, kPolicies, "NoDrives", kRegDword, std::string("67108860")); });
+  const auto calls =
+      record([] { SetRegValue(HKU, kPolicies, "NoDrives", kRegDword, std::string("67108860")); });
   ASSERT_EQ(4u, calls.size());
   EXPECT_EQ(0u, calls[0].find("RegCreateKeyA HKU"));
   EXPECT_EQ(0u, calls[1].find("RegSetValueExA"));
@@ -45,9 +47,11 @@ TEST_F(RegistryCalls, SetRegValueCreatesWritesFlushesAndCloses) {
 }
 
 TEST_F(RegistryCalls, NumberWithTypeOneGoesOutAsItsDigitsWithoutATerminator) {
-  const auto calls = record([] { SetRegValue(HKLM, "System\\MSTCP", "DefaultRcvWindow", kRegSz, std::int16_t{8192}); });
+  const auto calls = record(
+      [] { SetRegValue(HKLM, "System\\MSTCP", "DefaultRcvWindow", kRegSz, std::int16_t{8192}); });
   EXPECT_NE(std::string::npos, calls[1].find("type 1 size 4")) << calls[1];
-  const auto text = record([] { SetRegValue(HKLM, "System\\MSTCP", "Name", kRegSz, std::string("abc")); });
+  const auto text =
+      record([] { SetRegValue(HKLM, "System\\MSTCP", "Name", kRegSz, std::string("abc")); });
   EXPECT_NE(std::string::npos, text[1].find("type 1 size 4")) << text[1];
 }
 
@@ -79,7 +83,8 @@ TEST_F(RegistryCalls, DelRegSubKeyOpensTheHiveWithFullAccess) {
 
 TEST_F(RegistryCalls, SetRegValueExLeavesItsKeyOpenWithoutFlushing) {
   const auto calls = record([] {
-    EXPECT_TRUE(SetRegValueEx(HKU, kPolicies, "", "NoDispCPL", std::string("\0\0\0 ", 4), kRegBinary));
+    EXPECT_TRUE(
+        SetRegValueEx(HKU, kPolicies, "", "NoDispCPL", std::string("\0\0\0 ", 4), kRegBinary));
   });
   ASSERT_EQ(2u, calls.size());
   EXPECT_EQ(0u, calls[0].find("RegCreateKeyExA HKU"));
@@ -103,13 +108,15 @@ TEST_F(RegistryCalls, EncodersAndTheirErrors) {
   EXPECT_EQ(std::string("\x01\x00\x00\x00", 4), DwordToBytes(1));
   EXPECT_EQ(std::string("\xFF\xFF\xFF\xFF", 4), DwordToBytes(-1));
   EXPECT_EQ(std::string("\x80\x00\x00\x00", 4), DwordToBytesBE(std::int32_t(0x80000000u)));
-  EXPECT_EQ(std::string("\x01\x00\x00\x20\x00", 5), EncodeRegData(std::string("\x01\x00\x00\x20", 4), kRegBinary));
-  EXPECT_EQ(std::string("\x00\x00\x01\x00\x00", 5), EncodeRegData(std::string("256"), kRegDwordBigEndian));
+  EXPECT_EQ(std::string("\x01\x00\x00\x20\x00", 5),
+            EncodeRegData(std::string("\x01\x00\x00\x20", 4), kRegBinary));
+  EXPECT_EQ(std::string("\x00\x00\x01\x00\x00", 5),
+            EncodeRegData(std::string("256"), kRegDwordBigEndian));
   // Not in skip mode: a value that can't be a number passes the error on.
   try {
     EncodeRegData(std::string("abc"), kRegDword);
     FAIL() << "no error";
-  } catch (const runtime::RuntimeError& e) {
+  } catch (const runtime::RuntimeError &e) {
     EXPECT_EQ(13, e.number());
   }
   EXPECT_THROW(SetRegValueEx(HKU, kPolicies, "", "x", std::string("99999999999"), kRegDword),
@@ -119,7 +126,9 @@ TEST_F(RegistryCalls, EncodersAndTheirErrors) {
 TEST_F(RegistryCalls, ExportShowsKeysValuesTypesAndBytes) {
   SetRegValue(HKU, ".DEFAULT\\Control Panel\\Sound", "Beep", kRegSz, std::string("yes"));
   const std::string exported = platform::sim::exportRegistry();
-  EXPECT_NE(std::string::npos, exported.find("[HKEY_USERS\\.DEFAULT\\Control Panel\\Sound]\n\"Beep\" type 1: 79 65 73 00\n"));
+  EXPECT_NE(std::string::npos,
+            exported.find(
+                "[HKEY_USERS\\.DEFAULT\\Control Panel\\Sound]\n\"Beep\" type 1: 79 65 73 00\n"));
 }
 
 } // namespace

@@ -12,10 +12,10 @@ using namespace runtime;
 
 namespace {
 
-int errorOf(const std::function<void()>& statement) {
+int errorOf(const std::function<void()> &statement) {
   try {
     statement();
-  } catch (const RuntimeError& e) {
+  } catch (const RuntimeError &e) {
     return e.number();
   }
   return 0;
@@ -41,7 +41,10 @@ TEST(RuntimeErrors, ResumeNextSkipsTheFailingStatementAndKeepsTheNumber) {
   ResumeNext resume;
   EXPECT_EQ(0, Err().number); // entering the mode clears Err
   int reached = 0;
-  resume([&] { raiseError(13); reached = 1; });
+  resume([&] {
+    raiseError(13);
+    reached = 1;
+  });
   resume([&] { reached = 2; });
   EXPECT_EQ(2, reached);
   EXPECT_EQ(13, Err().number);

@@ -11,7 +11,8 @@ using SimMachine = SimMachineTest;
 
 TEST_F(SimMachine, PathsMapCaseInsensitivelyOntoTheHostFolder) {
   ASSERT_TRUE(platform::CreateDirectoryA("C:\\WINDOWS\\System"));
-  EXPECT_EQ(root_ + "/c/WINDOWS/System/oeminfo.ini", platform::sim::hostPath("c:\\windows\\SYSTEM\\oeminfo.ini"));
+  EXPECT_EQ(root_ + "/c/WINDOWS/System/oeminfo.ini",
+            platform::sim::hostPath("c:\\windows\\SYSTEM\\oeminfo.ini"));
   EXPECT_EQ(root_ + "/c/WINDOWS", platform::sim::hostPath("C:/Windows/./System/.."));
   EXPECT_EQ("", platform::sim::hostPath("a:\\x"));
   EXPECT_EQ("", platform::sim::hostPath("d:\\msdos.sys")); // only c: exists at first
@@ -89,7 +90,8 @@ TEST_F(SimMachine, FindFilesListsDotEntriesBelowTheRootOnly) {
   EXPECT_EQ(".", all[0].name);
   EXPECT_EQ("..", all[1].name);
   EXPECT_EQ("a.lnk", all[2].name);
-  for (const auto& f : platform::FindFiles("C:\\*.*")) EXPECT_NE(".", f.name);
+  for (const auto &f : platform::FindFiles("C:\\*.*"))
+    EXPECT_NE(".", f.name);
 }
 
 } // namespace

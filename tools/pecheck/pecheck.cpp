@@ -17,7 +17,7 @@
 
 namespace {
 
-std::vector<std::uint8_t> readAll(const char* path) {
+std::vector<std::uint8_t> readAll(const char *path) {
   std::ifstream in(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
@@ -29,7 +29,7 @@ std::string upper(std::string text) {
 }
 
 // "DLL!Function" keys of a list file (the first column of each line).
-std::map<std::string, std::string> readList(const char* path) {
+std::map<std::string, std::string> readList(const char *path) {
   std::map<std::string, std::string> entries;
   std::ifstream in(path);
   for (std::string line; std::getline(in, line);) {
@@ -48,13 +48,16 @@ class Image {
 public:
   explicit Image(std::vector<std::uint8_t> bytes) : bytes_(std::move(bytes)) {}
   bool has(std::size_t offset, std::size_t count) const { return offset + count <= bytes_.size(); }
-  std::uint16_t u16(std::size_t at) const { return has(at, 2) ? bytes_[at] | bytes_[at + 1] << 8 : 0; }
+  std::uint16_t u16(std::size_t at) const {
+    return has(at, 2) ? bytes_[at] | bytes_[at + 1] << 8 : 0;
+  }
   std::uint32_t u32(std::size_t at) const {
     return has(at, 4) ? u16(at) | static_cast<std::uint32_t>(u16(at + 2)) << 16 : 0;
   }
   std::string text(std::size_t at) const {
     std::string out;
-    while (at < bytes_.size() && bytes_[at]) out += static_cast<char>(bytes_[at++]);
+    while (at < bytes_.size() && bytes_[at])
+      out += static_cast<char>(bytes_[at++]);
     return out;
   }
   std::size_t size() const { return bytes_.size(); }
@@ -69,7 +72,7 @@ struct Section {
 
 } // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char **argv) {
   if (argc != 4) {
     std::fprintf(stderr, "usage: %s EXE ALLOWLIST DENYLIST\n", argv[0]);
     return 2;
@@ -78,7 +81,7 @@ int main(int argc, char** argv) {
   const auto allow = readList(argv[2]);
   const auto deny = readList(argv[3]);
   std::vector<std::string> problems;
-  auto expect = [&](bool ok, const std::string& problem) {
+  auto expect = [&](bool ok, const std::string &problem) {
     if (!ok) problems.push_back(problem);
   };
 
@@ -96,8 +99,9 @@ int main(int argc, char** argv) {
   const std::uint16_t osMajor = image.u16(optional + 40), osMinor = image.u16(optional + 42);
   const std::uint16_t subMajor = image.u16(optional + 48), subMinor = image.u16(optional + 50);
   const std::uint16_t subsystem = image.u16(optional + 68);
-  std::printf("machine 0x%04x, optional header 0x%03x, subsystem %u version %u.%u, OS version %u.%u\n",
-              machine, magic, subsystem, subMajor, subMinor, osMajor, osMinor);
+  std::printf(
+      "machine 0x%04x, optional header 0x%03x, subsystem %u version %u.%u, OS version %u.%u\n",
+      machine, magic, subsystem, subMajor, subMinor, osMajor, osMinor);
   expect(machine == 0x14C, "machine is not i386");
   expect(magic == 0x10B, "not a PE32 image");
   expect(subsystem == 2, "subsystem is not GUI");
@@ -108,22 +112,24 @@ int main(int argc, char** argv) {
   const std::size_t sectionTable = optional + optionalSize;
   for (std::size_t i = 0; i < sectionCount; ++i) {
     const std::size_t at = sectionTable + i * 40;
-    sections.push_back({image.u32(at + 12), image.u32(at + 8), image.u32(at + 20), image.u32(at + 16)});
+    sections.push_back(
+        {image.u32(at + 12), image.u32(at + 8), image.u32(at + 20), image.u32(at + 16)});
   }
   auto fileOffset = [&](std::uint32_t rva) -> std::size_t {
-    for (const auto& s : sections)
+    for (const auto &s : sections)
       if (rva >= s.virtualAddress && rva < s.virtualAddress + std::max(s.virtualSize, s.rawSize))
         return rva - s.virtualAddress + s.rawOffset;
     return image.size();
   };
 
-  static const std::set<std::string> kWindows98Dlls = {"KERNEL32.DLL", "USER32.DLL", "GDI32.DLL",
-                                                       "ADVAPI32.DLL", "SHELL32.DLL", "COMCTL32.DLL",
-                                                       "MSVCRT.DLL"};
+  static const std::set<std::string> kWindows98Dlls = {
+      "KERNEL32.DLL", "USER32.DLL",   "GDI32.DLL", "ADVAPI32.DLL",
+      "SHELL32.DLL",  "COMCTL32.DLL", "MSVCRT.DLL"};
   const std::uint32_t importRva = image.u32(optional + 104);
   int functionCount = 0;
   for (std::size_t d = fileOffset(importRva);; d += 20) {
-    const std::uint32_t lookup = image.u32(d), nameRva = image.u32(d + 12), thunk = image.u32(d + 16);
+    const std::uint32_t lookup = image.u32(d), nameRva = image.u32(d + 12),
+                        thunk = image.u32(d + 16);
     if (nameRva == 0) break;
     const std::string dll = upper(image.text(fileOffset(nameRva)));
     expect(kWindows98Dlls.count(dll) == 1, dll + " is not a DLL that Windows 98 ships");
@@ -147,7 +153,8 @@ int main(int argc, char** argv) {
     functionCount += count;
   }
   std::printf("%d imported functions checked\n", functionCount);
-  for (const auto& p : problems) std::printf("PROBLEM: %s\n", p.c_str());
+  for (const auto &p : problems)
+    std::printf("PROBLEM: %s\n", p.c_str());
   std::printf("static check %s\n", problems.empty() ? "passed" : "FAILED");
   return problems.empty() ? 0 : 1;
 }
