@@ -45,6 +45,7 @@ constexpr ErrorRow kErrorTexts[] = {
     {94, "Invalid use of Null"},
     {380, "Invalid property value"},
     {381, "Invalid property array index"},
+    {340, "Control array element doesn't exist"},
     {383, "'Text' property is read-only"},
     {387, "Property can't be set on this control"},
     {423, "Property or method not found"},
