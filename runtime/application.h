@@ -14,16 +14,18 @@ class Form;
 
 class Application {
 public:
-  static Application& instance();
+  static Application &instance();
 
   std::string title = "Tweakloom 99";
 
   // Runs one event from outside the program (a user's action, a timer tick).
   // A run-time error that escapes it shows the failure box and ends the
   // program. Events that arrive once the program has ended are dropped.
-  void runEvent(const std::function<void()>& event);
+  void runEvent(const std::function<void()> &event);
   bool runningEvent() const { return depth_ > 0; }
 
+  // Shows the failure box for an error number and ends the program.
+  void fail(int number);
   // Ends the program at once (Basic's End, and the end after a failure).
   void end();
   bool ended() const { return ended_; }
@@ -40,8 +42,8 @@ public:
   int twipsPerPixelX = 15;
   int twipsPerPixelY = 15;
 
-  void registerForm(Form* form) { forms_.push_back(form); }
-  const std::vector<Form*>& forms() const { return forms_; }
+  void registerForm(Form *form) { forms_.push_back(form); }
+  const std::vector<Form *> &forms() const { return forms_; }
 
   // Back to a fresh program (host tests).
   void reset();
@@ -49,7 +51,7 @@ public:
 private:
   int depth_ = 0;
   bool ended_ = false;
-  std::vector<Form*> forms_;
+  std::vector<Form *> forms_;
 };
 
 } // namespace runtime

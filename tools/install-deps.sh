@@ -8,7 +8,7 @@ need=()
 have() { dpkg-query -W -f='${Status}' "$1" 2>/dev/null | grep -q 'install ok installed'; }
 
 host_pkgs=(build-essential cmake ninja-build googletest libgtest-dev clang-format
-  g++-mingw-w64-i686 binutils-mingw-w64-i686 xvfb x11-utils imagemagick xdotool file)
+  g++-mingw-w64-i686 binutils-mingw-w64-i686 xvfb x11-utils imagemagick xdotool file fonts-wine)
 for p in "${host_pkgs[@]}"; do have "$p" || need+=("$p"); done
 have wine32:i386 || need+=(wine32:i386)
 have wine || need+=(wine)

@@ -37,6 +37,10 @@ wine reg add 'HKLM\Software\Microsoft\Windows\CurrentVersion' /v VersionNumber /
 wine reg delete 'HKLM\Software\Microsoft\Windows NT\CurrentVersion' /v CurrentVersion /f \
   >/dev/null 2>&1 || true
 wine reg delete 'HKCU\Software\Wine' /v Version /f >/dev/null 2>&1 || true
+# Wine draws the window frames itself, as Windows does (there is no window
+# manager under Xvfb).
+wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d N /f >/dev/null 2>&1
+wine reg add 'HKCU\Software\Wine\X11 Driver' /v Decorated /t REG_SZ /d N /f >/dev/null 2>&1
 
 # The machine's files and registry.
 drive_c=$prefix/drive_c
