@@ -12,13 +12,13 @@ namespace {
 // The ANSI form of a wide name; names these callers pass are plain ASCII.
 class NarrowName {
 public:
-  explicit NarrowName(const wchar_t *wide) {
+  explicit NarrowName(const wchar_t* wide) {
     if (!wide) return;
     if (!::WideCharToMultiByte(CP_ACP, 0, wide, -1, text_, sizeof text_, nullptr, nullptr))
       text_[0] = '\0';
     valid_ = true;
   }
-  const char *get() const { return valid_ ? text_ : nullptr; }
+  const char* get() const { return valid_ ? text_ : nullptr; }
 
 private:
   char text_[MAX_PATH] = {};
@@ -50,9 +50,9 @@ extern "C" HMODULE WINAPI loadLibrary(LPCWSTR name) {
 
 // The import pointers that code compiled with dllimport calls through.
 extern "C" {
-void *shimCreateSemaphoreW __asm__("__imp__CreateSemaphoreW@16") =
-    reinterpret_cast<void *>(&createSemaphore);
-void *shimGetModuleHandleW __asm__("__imp__GetModuleHandleW@4") =
-    reinterpret_cast<void *>(&getModuleHandle);
-void *shimLoadLibraryW __asm__("__imp__LoadLibraryW@4") = reinterpret_cast<void *>(&loadLibrary);
+void* shimCreateSemaphoreW __asm__("__imp__CreateSemaphoreW@16") =
+    reinterpret_cast<void*>(&createSemaphore);
+void* shimGetModuleHandleW __asm__("__imp__GetModuleHandleW@4") =
+    reinterpret_cast<void*>(&getModuleHandle);
+void* shimLoadLibraryW __asm__("__imp__LoadLibraryW@4") = reinterpret_cast<void*>(&loadLibrary);
 }

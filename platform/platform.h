@@ -53,37 +53,37 @@ inline constexpr Status kErrorFileExists = 80;
 
 // ---- Registry (advapi32) -------------------------------------------------
 // A null or empty path given to RegOpenKeyA yields the key itself.
-Status RegOpenKeyA(RegKey key, const char *subKey, RegKey *result);
-Status RegOpenKeyExA(RegKey key, const char *subKey, Dword options, Dword samDesired,
-                     RegKey *result);
-Status RegCreateKeyA(RegKey key, const char *subKey, RegKey *result);
+Status RegOpenKeyA(RegKey key, const char* subKey, RegKey* result);
+Status RegOpenKeyExA(RegKey key, const char* subKey, Dword options, Dword samDesired,
+                     RegKey* result);
+Status RegCreateKeyA(RegKey key, const char* subKey, RegKey* result);
 // `securityRecord` stands for a SECURITY_ATTRIBUTES record; the program always
 // passes one of three zero words, which is what `true` asks for.
-Status RegCreateKeyExA(RegKey key, const char *subKey, Dword reserved, const char *className,
-                       Dword options, Dword samDesired, bool securityRecord, RegKey *result,
-                       Dword *disposition);
+Status RegCreateKeyExA(RegKey key, const char* subKey, Dword reserved, const char* className,
+                       Dword options, Dword samDesired, bool securityRecord, RegKey* result,
+                       Dword* disposition);
 // `type`, `data` and `size` may each be null, as in the Win32 call.
-Status RegQueryValueExA(RegKey key, const char *valueName, Dword *type, std::uint8_t *data,
-                        Dword *size);
-Status RegSetValueExA(RegKey key, const char *valueName, Dword reserved, Dword type,
-                      const std::uint8_t *data, Dword size);
-Status RegEnumKeyA(RegKey key, Dword index, char *name, Dword nameSize);
-Status RegEnumValueA(RegKey key, Dword index, char *name, Dword *nameSize, Dword *type,
-                     std::uint8_t *data, Dword *dataSize);
-Status RegDeleteKeyA(RegKey key, const char *subKey);
-Status RegDeleteValueA(RegKey key, const char *valueName);
+Status RegQueryValueExA(RegKey key, const char* valueName, Dword* type, std::uint8_t* data,
+                        Dword* size);
+Status RegSetValueExA(RegKey key, const char* valueName, Dword reserved, Dword type,
+                      const std::uint8_t* data, Dword size);
+Status RegEnumKeyA(RegKey key, Dword index, char* name, Dword nameSize);
+Status RegEnumValueA(RegKey key, Dword index, char* name, Dword* nameSize, Dword* type,
+                     std::uint8_t* data, Dword* dataSize);
+Status RegDeleteKeyA(RegKey key, const char* subKey);
+Status RegDeleteValueA(RegKey key, const char* valueName);
 Status RegFlushKey(RegKey key);
 Status RegCloseKey(RegKey key);
 
-bool GetUserNameA(char *buffer, Dword *size);
+bool GetUserNameA(char* buffer, Dword* size);
 
 // ---- Profile files and directories (kernel32) -----------------------------
-Dword GetPrivateProfileStringA(const char *section, const char *key, const char *defaultValue,
-                               char *buffer, Dword size, const char *fileName);
-bool WritePrivateProfileStringA(const char *section, const char *key, const char *value,
-                                const char *fileName);
-Dword GetWindowsDirectoryA(char *buffer, Dword size);
-Dword GetTempPathA(Dword size, char *buffer);
+Dword GetPrivateProfileStringA(const char* section, const char* key, const char* defaultValue,
+                               char* buffer, Dword size, const char* fileName);
+bool WritePrivateProfileStringA(const char* section, const char* key, const char* value,
+                                const char* fileName);
+Dword GetWindowsDirectoryA(char* buffer, Dword size);
+Dword GetTempPathA(Dword size, char* buffer);
 
 // ---- Version, clock, memory -----------------------------------------------
 struct VersionInfo {
@@ -94,7 +94,7 @@ struct VersionInfo {
   std::string servicePack;
 };
 // Fills `info` from GetVersionExA with a record of 148 bytes.
-bool GetVersionExA(VersionInfo *info);
+bool GetVersionExA(VersionInfo* info);
 Dword GetTickCount();
 
 // The figures of GlobalMemoryStatus, in bytes.
@@ -119,13 +119,13 @@ inline constexpr Dword kAttributeArchive = 0x20;
 
 // Each returns its result as the Win32 call does; on failure GetLastError()
 // tells why.
-Dword GetFileAttributesA(const char *path);
-bool SetFileAttributesA(const char *path, Dword attributes);
-bool CreateDirectoryA(const char *path);
-bool RemoveDirectoryA(const char *path);
-bool DeleteFileA(const char *path);
-bool CopyFileA(const char *from, const char *to, bool failIfExists);
-Dword GetCurrentDirectoryA(Dword size, char *buffer);
+Dword GetFileAttributesA(const char* path);
+bool SetFileAttributesA(const char* path, Dword attributes);
+bool CreateDirectoryA(const char* path);
+bool RemoveDirectoryA(const char* path);
+bool DeleteFileA(const char* path);
+bool CopyFileA(const char* from, const char* to, bool failIfExists);
+Dword GetCurrentDirectoryA(Dword size, char* buffer);
 Status GetLastError();
 
 struct FoundFile {
@@ -136,13 +136,13 @@ struct FoundFile {
 // The entries matching `pattern` (a path whose last part may hold * and ?),
 // in the order the file system gives them, "." and ".." included when the
 // pattern matches them. Empty with GetLastError() set when nothing matches.
-std::vector<FoundFile> FindFiles(const char *pattern);
+std::vector<FoundFile> FindFiles(const char* pattern);
 
 // ---- Shell and user interaction -------------------------------------------
 // Starts a command line as WinExec does; a result above 31 means started.
-Dword WinExec(const char *commandLine, Dword showCommand);
+Dword WinExec(const char* commandLine, Dword showCommand);
 bool ExitWindowsEx(Dword flags, Dword reserved);
 // Shows a system message box and returns the button pressed (IDOK = 1 ...).
-int MessageBoxA(const char *text, const char *caption, Dword type);
+int MessageBoxA(const char* text, const char* caption, Dword type);
 
 } // namespace platform

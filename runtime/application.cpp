@@ -10,7 +10,7 @@ namespace {
 constexpr platform::Dword kOkWithStopIcon = 0x10; // MB_OK | MB_ICONHAND
 } // namespace
 
-Application &Application::instance() {
+Application& Application::instance() {
   static Application application;
   return application;
 }
@@ -19,7 +19,7 @@ std::string Application::failureText(int number) {
   return "Run-time error '" + std::to_string(number) + "':\n\n" + errorText(number);
 }
 
-void Application::runEvent(const std::function<void()> &event) {
+void Application::runEvent(const std::function<void()>& event) {
   if (ended_) return;
   if (depth_ > 0) {
     event();
@@ -28,13 +28,13 @@ void Application::runEvent(const std::function<void()> &event) {
   int failure = 0;
   {
     struct Depth {
-      int &depth;
-      explicit Depth(int &d) : depth(d) { ++depth; }
+      int& depth;
+      explicit Depth(int& d) : depth(d) { ++depth; }
       ~Depth() { --depth; }
     } running(depth_);
     try {
       event();
-    } catch (const RuntimeError &error) {
+    } catch (const RuntimeError& error) {
       failure = error.number();
     }
   }
@@ -58,6 +58,7 @@ void Application::reset() {
   ended_ = false;
   forms_.clear();
   onEnd = nullptr;
+  pumpEvents = nullptr;
 }
 
 } // namespace runtime

@@ -14,14 +14,14 @@ class Form;
 
 class Application {
 public:
-  static Application &instance();
+  static Application& instance();
 
   std::string title = "Tweakloom 99";
 
   // Runs one event from outside the program (a user's action, a timer tick).
   // A run-time error that escapes it shows the failure box and ends the
   // program. Events that arrive once the program has ended are dropped.
-  void runEvent(const std::function<void()> &event);
+  void runEvent(const std::function<void()>& event);
   bool runningEvent() const { return depth_ > 0; }
 
   // Shows the failure box for an error number and ends the program.
@@ -36,14 +36,21 @@ public:
   // The failure box's text for an error number.
   static std::string failureText(int number);
 
+  // Lets waiting events run once (Basic's DoEvents); the presentation
+  // supplies the pump.
+  void doEvents() {
+    if (pumpEvents) pumpEvents();
+  }
+  std::function<void()> pumpEvents;
+
   // Screen size in twips, and twips per pixel.
   int screenWidth = 800 * 15;
   int screenHeight = 600 * 15;
   int twipsPerPixelX = 15;
   int twipsPerPixelY = 15;
 
-  void registerForm(Form *form) { forms_.push_back(form); }
-  const std::vector<Form *> &forms() const { return forms_; }
+  void registerForm(Form* form) { forms_.push_back(form); }
+  const std::vector<Form*>& forms() const { return forms_; }
 
   // Back to a fresh program (host tests).
   void reset();
@@ -51,7 +58,7 @@ public:
 private:
   int depth_ = 0;
   bool ended_ = false;
-  std::vector<Form *> forms_;
+  std::vector<Form*> forms_;
 };
 
 } // namespace runtime

@@ -5,7 +5,7 @@ namespace {
 
 struct ErrorRow {
   int number;
-  const char *text;
+  const char* text;
 };
 
 constexpr ErrorRow kErrorTexts[] = {
@@ -55,7 +55,7 @@ constexpr ErrorRow kErrorTexts[] = {
 } // namespace
 
 std::string errorText(int number) {
-  for (const auto &row : kErrorTexts)
+  for (const auto& row : kErrorTexts)
     if (row.number == number) return row.text;
   return "Application-defined or object-defined error";
 }
@@ -64,7 +64,7 @@ RuntimeError::RuntimeError(int number) : number_(number), text_(errorText(number
 
 void raiseError(int number) { throw RuntimeError(number); }
 
-ErrObject &Err() {
+ErrObject& Err() {
   static ErrObject err;
   return err;
 }

@@ -40,7 +40,7 @@ class RuntimeError : public std::exception {
 public:
   explicit RuntimeError(int number);
   int number() const { return number_; }
-  const char *what() const noexcept override { return text_.c_str(); }
+  const char* what() const noexcept override { return text_.c_str(); }
 
 private:
   int number_;
@@ -55,7 +55,7 @@ struct ErrObject {
   int number = 0;
   void clear() { number = 0; }
 };
-ErrObject &Err();
+ErrObject& Err();
 
 // Runs statements in "resume next" mode: a statement that raises a run-time
 // error is abandoned, the error is kept in Err, and the next one runs.
@@ -65,10 +65,10 @@ ErrObject &Err();
 class ResumeNext {
 public:
   ResumeNext() { Err().clear(); }
-  template <class Statement> void operator()(Statement &&statement) {
+  template <class Statement> void operator()(Statement&& statement) {
     try {
       statement();
-    } catch (const RuntimeError &error) {
+    } catch (const RuntimeError& error) {
       Err().number = error.number();
     }
   }

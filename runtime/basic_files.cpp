@@ -27,13 +27,13 @@ namespace {
 }
 } // namespace
 
-std::uint32_t GetAttr(const std::string &path) {
+std::uint32_t GetAttr(const std::string& path) {
   const auto attributes = platform::GetFileAttributesA(path.c_str());
   if (attributes == platform::kInvalidFileAttributes) raiseLastSystemError();
   return attributes;
 }
 
-void Kill(const std::string &path) {
+void Kill(const std::string& path) {
   if (path.find_first_of("*?") == std::string::npos) {
     if (!platform::DeleteFileA(path.c_str())) raiseLastSystemError();
     return;
@@ -42,7 +42,7 @@ void Kill(const std::string &path) {
   // fails with "File not found" when it matches none.
   const std::string folder = path.substr(0, path.find_last_of("\\/") + 1);
   bool any = false;
-  for (const auto &entry : platform::FindFiles(path.c_str())) {
+  for (const auto& entry : platform::FindFiles(path.c_str())) {
     if (entry.attributes & platform::kAttributeDirectory) continue;
     any = true;
     if (!platform::DeleteFileA((folder + entry.name).c_str())) raiseLastSystemError();
@@ -50,15 +50,15 @@ void Kill(const std::string &path) {
   if (!any) raiseError(kFileNotFound);
 }
 
-void FileCopy(const std::string &from, const std::string &to) {
+void FileCopy(const std::string& from, const std::string& to) {
   if (!platform::CopyFileA(from.c_str(), to.c_str(), false)) raiseLastSystemError();
 }
 
-void MkDir(const std::string &path) {
+void MkDir(const std::string& path) {
   if (!platform::CreateDirectoryA(path.c_str())) raiseLastSystemError();
 }
 
-void RmDir(const std::string &path) {
+void RmDir(const std::string& path) {
   if (!platform::RemoveDirectoryA(path.c_str())) raiseLastSystemError();
 }
 

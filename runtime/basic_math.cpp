@@ -4,7 +4,7 @@
 
 namespace runtime {
 
-std::int32_t integerDivide(const Value &a, const Value &b) {
+std::int32_t integerDivide(const Value& a, const Value& b) {
   const std::int32_t dividend = toLong(a);
   const std::int32_t divisor = toLong(b);
   if (divisor == 0) raiseError(kDivisionByZero);
@@ -12,7 +12,7 @@ std::int32_t integerDivide(const Value &a, const Value &b) {
   return dividend / divisor;
 }
 
-std::int32_t modulo(const Value &a, const Value &b) {
+std::int32_t modulo(const Value& a, const Value& b) {
   const std::int32_t dividend = toLong(a);
   const std::int32_t divisor = toLong(b);
   if (divisor == 0) raiseError(kDivisionByZero);

@@ -9,8 +9,8 @@
 namespace runtime {
 
 // a \ b: both rounded to whole numbers, the quotient cut toward zero.
-std::int32_t integerDivide(const Value &a, const Value &b);
+std::int32_t integerDivide(const Value& a, const Value& b);
 // a Mod b: both rounded to whole numbers; the result takes the sign of a.
-std::int32_t modulo(const Value &a, const Value &b);
+std::int32_t modulo(const Value& a, const Value& b);
 
 } // namespace runtime

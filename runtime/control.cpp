@@ -6,7 +6,7 @@
 
 namespace runtime {
 
-Control::Control(Form *form, ControlKind kind, std::string name, int index, Control *container)
+Control::Control(Form* form, ControlKind kind, std::string name, int index, Control* container)
     : form_(form), kind_(kind), name_(std::move(name)), index_(index), container_(container) {
   if (container_) container_->children_.push_back(this);
   // Controls that hold the user's text use the window colours.
@@ -51,13 +51,13 @@ bool Control::shown() const {
   if (!visible_) return false;
   if (!container_) return true;
   if (container_->kind() == ControlKind::TabStrip &&
-      static_cast<const TabStrip *>(container_)->tab() != containerTab_)
+      static_cast<const TabStrip*>(container_)->tab() != containerTab_)
     return false;
   return container_->shown();
 }
 
 bool Control::takesUserInput() const {
-  for (const Control *c = this; c; c = c->container_)
+  for (const Control* c = this; c; c = c->container_)
     if (!c->enabled_) return false;
   return shown();
 }
@@ -74,7 +74,7 @@ void Control::setForeColor(std::uint32_t color) {
   notify(Property::Colors);
 }
 
-void Control::setFont(const Font &font) {
+void Control::setFont(const Font& font) {
   font_ = font;
   notify(Property::Font);
 }
@@ -104,7 +104,7 @@ void Control::notify(Property property) {
   if (view_) view_->changed(property);
 }
 
-void Control::fire(const std::function<void()> &handler) {
+void Control::fire(const std::function<void()>& handler) {
   if (handler) handler();
 }
 

@@ -90,24 +90,24 @@ inline constexpr int kRightButton = 2;
 
 class Control {
 public:
-  Control(Form *form, ControlKind kind, std::string name, int index, Control *container);
-  Control(const Control &) = delete;
-  Control &operator=(const Control &) = delete;
+  Control(Form* form, ControlKind kind, std::string name, int index, Control* container);
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
   virtual ~Control() = default;
 
   ControlKind kind() const { return kind_; }
-  const std::string &name() const { return name_; }
+  const std::string& name() const { return name_; }
   int index() const { return index_; } // -1 when not in a control array
   std::string designName() const;      // "net_check(3)", or "app_b"
-  Form &form() const { return *form_; }
-  Control *container() const { return container_; }
+  Form& form() const { return *form_; }
+  Control* container() const { return container_; }
   // The tab of its container that holds this control, when the container is
   // a tab strip; -1 otherwise.
   int containerTab() const { return containerTab_; }
   void placeOnTab(int tab) { containerTab_ = tab; }
-  const std::vector<Control *> &children() const { return children_; }
+  const std::vector<Control*>& children() const { return children_; }
 
-  const Bounds &bounds() const { return bounds_; }
+  const Bounds& bounds() const { return bounds_; }
   void move(int left, int top, int width, int height);
   int left() const { return bounds_.left; }
   int top() const { return bounds_.top; }
@@ -128,8 +128,8 @@ public:
   void setBackColor(std::uint32_t color);
   std::uint32_t foreColor() const { return foreColor_; }
   void setForeColor(std::uint32_t color);
-  const Font &font() const { return font_; }
-  void setFont(const Font &font);
+  const Font& font() const { return font_; }
+  void setFont(const Font& font);
 
   // Gives the control the focus; Invalid procedure call (5) when it can't
   // take it.
@@ -144,32 +144,32 @@ public:
   void userMouseMove(int button, int shift, float x, float y);
   virtual void userClick();
 
-  void attachView(ControlView *view) { view_ = view; }
-  ControlView *view() const { return view_; }
+  void attachView(ControlView* view) { view_ = view; }
+  ControlView* view() const { return view_; }
 
 protected:
   void notify(Property property);
   void setVisibleQuietly(bool visible) { visible_ = visible; }
   // Runs a handler as the event it is: synchronously, and, when no other
   // event is running, under the top level's failure handling.
-  void fire(const std::function<void()> &handler);
+  void fire(const std::function<void()>& handler);
 
 private:
   friend class Form;
-  Form *form_;
+  Form* form_;
   ControlKind kind_;
   std::string name_;
   int index_;
-  Control *container_;
+  Control* container_;
   int containerTab_ = -1;
-  std::vector<Control *> children_;
+  std::vector<Control*> children_;
   Bounds bounds_;
   bool enabled_ = true;
   bool visible_ = true;
   std::uint32_t backColor_ = kButtonFace;
   std::uint32_t foreColor_ = kButtonText;
   Font font_;
-  ControlView *view_ = nullptr;
+  ControlView* view_ = nullptr;
 };
 
 } // namespace runtime

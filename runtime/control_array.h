@@ -17,21 +17,21 @@ inline constexpr int kControlArrayElementMissing = 340;
 template <class T> class ControlArray {
 public:
   explicit ControlArray(std::string name) : name_(std::move(name)) {}
-  ControlArray(const ControlArray &) = delete;
-  ControlArray &operator=(const ControlArray &) = delete;
+  ControlArray(const ControlArray&) = delete;
+  ControlArray& operator=(const ControlArray&) = delete;
 
-  const std::string &name() const { return name_; }
+  const std::string& name() const { return name_; }
 
   // Creates element `index` on `form`; its events reach this array's handlers.
-  T &add(Form &form, int index, Control *container, Bounds bounds) {
-    T &element = form.add<T>(name_, index, container, bounds);
+  T& add(Form& form, int index, Control* container, Bounds bounds) {
+    T& element = form.add<T>(name_, index, container, bounds);
     elements_[index] = &element;
     connect(element, index);
     return element;
   }
 
   // Control array element 'N' doesn't exist (340) for a gap.
-  T &operator()(int index) const {
+  T& operator()(int index) const {
     const auto it = elements_.find(index);
     if (it == elements_.end()) raiseError(kControlArrayElementMissing);
     return *it->second;
@@ -42,7 +42,7 @@ public:
   int count() const { return static_cast<int>(elements_.size()); }
   std::vector<int> indexes() const {
     std::vector<int> all;
-    for (const auto &[index, element] : elements_)
+    for (const auto& [index, element] : elements_)
       all.push_back(index);
     return all;
   }
@@ -52,7 +52,7 @@ public:
   std::function<void(int, int, int, float, float)> onMouseMove; // index, button, shift, x, y
 
 private:
-  void connect(T &element, int index) {
+  void connect(T& element, int index) {
     element.onMouseMove = [this, index](int button, int shift, float x, float y) {
       if (onMouseMove) onMouseMove(index, button, shift, x, y);
     };
@@ -67,7 +67,7 @@ private:
   }
 
   std::string name_;
-  std::map<int, T *> elements_;
+  std::map<int, T*> elements_;
 };
 
 } // namespace runtime

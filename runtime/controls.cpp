@@ -12,15 +12,15 @@ namespace runtime {
 
 namespace {
 
-void runUserEvent(const std::function<void()> &event) { Application::instance().runEvent(event); }
+void runUserEvent(const std::function<void()>& event) { Application::instance().runEvent(event); }
 
-std::string cutAtNul(const std::string &text) { return text.substr(0, text.find('\0')); }
+std::string cutAtNul(const std::string& text) { return text.substr(0, text.find('\0')); }
 
 } // namespace
 
 // ---- Label -----------------------------------------------------------------
 
-void Label::setCaption(const std::string &caption) {
+void Label::setCaption(const std::string& caption) {
   if (caption_ == caption) return;
   caption_ = caption;
   notify(Property::Caption);
@@ -38,7 +38,7 @@ void Label::setTransparent(bool transparent) {
 
 // ---- TextBox ---------------------------------------------------------------
 
-void TextBox::setText(const std::string &text) {
+void TextBox::setText(const std::string& text) {
   std::string next = cutAtNul(text);
   if (maxLength_ > 0 && next.size() > static_cast<std::size_t>(maxLength_)) next.resize(maxLength_);
   if (next == text_) return;
@@ -47,7 +47,7 @@ void TextBox::setText(const std::string &text) {
   fire(onChange);
 }
 
-void TextBox::userType(const std::string &characters) {
+void TextBox::userType(const std::string& characters) {
   if (!takesUserInput() || locked_) return;
   runUserEvent([&] {
     for (const char c : characters) {
@@ -74,14 +74,14 @@ int TextBox::userFilterKey(int keyAscii) {
   return Application::instance().ended() ? 0 : key;
 }
 
-void TextBox::userSetText(const std::string &text) {
+void TextBox::userSetText(const std::string& text) {
   if (!takesUserInput() || locked_) return;
   runUserEvent([&] { setText(text); });
 }
 
 // ---- CheckBox --------------------------------------------------------------
 
-void CheckBox::setCaption(const std::string &caption) {
+void CheckBox::setCaption(const std::string& caption) {
   if (caption_ == caption) return;
   caption_ = caption;
   notify(Property::Caption);
@@ -102,7 +102,7 @@ void CheckBox::userClick() {
 
 // ---- OptionButton ----------------------------------------------------------
 
-void OptionButton::setCaption(const std::string &caption) {
+void OptionButton::setCaption(const std::string& caption) {
   if (caption_ == caption) return;
   caption_ = caption;
   notify(Property::Caption);
@@ -114,9 +114,9 @@ void OptionButton::setValue(bool value) {
   notify(Property::Value);
   if (!value) return;
   // One option of a container is set at a time.
-  for (Control *sibling : container()->children()) {
+  for (Control* sibling : container()->children()) {
     if (sibling == this || sibling->kind() != ControlKind::OptionButton) continue;
-    auto *option = static_cast<OptionButton *>(sibling);
+    auto* option = static_cast<OptionButton*>(sibling);
     if (option->value_) {
       option->value_ = false;
       option->notify(Property::Value);
@@ -132,7 +132,7 @@ void OptionButton::userClick() {
 
 // ---- CommandButton ---------------------------------------------------------
 
-void CommandButton::setCaption(const std::string &caption) {
+void CommandButton::setCaption(const std::string& caption) {
   if (caption_ == caption) return;
   caption_ = caption;
   notify(Property::Caption);
@@ -147,13 +147,13 @@ void CommandButton::press() { fire(onClick); }
 
 // ---- PictureBox, Frame -----------------------------------------------------
 
-void PictureBox::setPicture(const Picture &picture) {
+void PictureBox::setPicture(const Picture& picture) {
   if (picture_ == picture) return;
   picture_ = picture;
   notify(Property::Picture);
 }
 
-void Frame::setCaption(const std::string &caption) {
+void Frame::setCaption(const std::string& caption) {
   if (caption_ == caption) return;
   caption_ = caption;
   notify(Property::Caption);
@@ -166,9 +166,9 @@ void Frame::setBordered(bool bordered) {
 
 // ---- ListControl -----------------------------------------------------------
 
-void ListControl::addItem(const std::string &item) { addItem(item, listCount()); }
+void ListControl::addItem(const std::string& item) { addItem(item, listCount()); }
 
-void ListControl::addItem(const std::string &item, int index) {
+void ListControl::addItem(const std::string& item, int index) {
   if (index < 0 || index > listCount()) raiseError(kInvalidProcedureCall);
   items_.insert(items_.begin() + index, item);
   if (listIndex_ >= index) ++listIndex_;
@@ -194,7 +194,7 @@ void ListControl::clear() {
   notify(Property::List);
 }
 
-const std::string &ListControl::list(int index) const {
+const std::string& ListControl::list(int index) const {
   if (index < 0 || index >= listCount()) raiseError(381);
   return items_[static_cast<std::size_t>(index)];
 }
@@ -214,13 +214,13 @@ void ListControl::userSelect(int index) {
 
 std::string ComboBox::text() const { return listIndex_ < 0 ? std::string() : items_[listIndex_]; }
 
-void ComboBox::setText(const std::string &text) {
+void ComboBox::setText(const std::string& text) {
   const auto it = std::find(items_.begin(), items_.end(), text);
   if (it == items_.end()) raiseError(kPropertyReadOnly);
   setListIndex(static_cast<int>(it - items_.begin()));
 }
 
-ListBox::ListBox(Form *form, ControlKind kind, std::string name, int index, Control *container,
+ListBox::ListBox(Form* form, ControlKind kind, std::string name, int index, Control* container,
                  bool checkMarks)
     : ListControl(form, kind, std::move(name), index, container), checkMarks_(checkMarks) {}
 
@@ -272,7 +272,7 @@ std::string lower(std::string text) {
 
 } // namespace
 
-void FileListBox::setPath(const std::string &path) {
+void FileListBox::setPath(const std::string& path) {
   const std::string folder = withoutTrailingSeparator(path);
   const auto attributes = platform::GetFileAttributesA(folder.c_str());
   if (attributes == platform::kInvalidFileAttributes ||
@@ -282,7 +282,7 @@ void FileListBox::setPath(const std::string &path) {
   refresh();
 }
 
-void FileListBox::setPattern(const std::string &pattern) {
+void FileListBox::setPattern(const std::string& pattern) {
   pattern_ = pattern;
   if (!path_.empty()) refresh();
 }
@@ -296,7 +296,7 @@ void FileListBox::refresh() {
     const std::string one = pattern_.substr(start, end - start);
     start = end + 1;
     if (one.empty()) continue;
-    for (const auto &entry : platform::FindFiles((base + one).c_str())) {
+    for (const auto& entry : platform::FindFiles((base + one).c_str())) {
       constexpr auto kHiddenOrSystem = platform::kAttributeHidden | platform::kAttributeSystem;
       if (entry.attributes & (platform::kAttributeDirectory | kHiddenOrSystem)) continue;
       if (std::find(names.begin(), names.end(), entry.name) == names.end())
@@ -304,7 +304,7 @@ void FileListBox::refresh() {
     }
   }
   std::sort(names.begin(), names.end(),
-            [](const std::string &a, const std::string &b) { return lower(a) < lower(b); });
+            [](const std::string& a, const std::string& b) { return lower(a) < lower(b); });
   items_ = names;
   listIndex_ = -1;
   notify(Property::List);
@@ -355,23 +355,23 @@ void TabStrip::setTab(int tab) {
   fire(onClick);
 }
 
-const std::string &TabStrip::tabCaption(int tab) const {
+const std::string& TabStrip::tabCaption(int tab) const {
   checkTab(tab);
   return captions_[static_cast<std::size_t>(tab)];
 }
 
-void TabStrip::setTabCaption(int tab, const std::string &caption) {
+void TabStrip::setTabCaption(int tab, const std::string& caption) {
   checkTab(tab);
   captions_[static_cast<std::size_t>(tab)] = caption;
   notify(Property::Tabs);
 }
 
-const Picture &TabStrip::tabPicture(int tab) const {
+const Picture& TabStrip::tabPicture(int tab) const {
   checkTab(tab);
   return pictures_[static_cast<std::size_t>(tab)];
 }
 
-void TabStrip::setTabPicture(int tab, const Picture &picture) {
+void TabStrip::setTabPicture(int tab, const Picture& picture) {
   checkTab(tab);
   if (pictures_[static_cast<std::size_t>(tab)] == picture) return;
   pictures_[static_cast<std::size_t>(tab)] = picture;

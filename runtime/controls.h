@@ -17,8 +17,8 @@ namespace runtime {
 class Label : public Control {
 public:
   using Control::Control;
-  const std::string &caption() const { return caption_; }
-  void setCaption(const std::string &caption);
+  const std::string& caption() const { return caption_; }
+  void setCaption(const std::string& caption);
   int alignment() const { return alignment_; } // 0 left, 1 right, 2 centre
   void setAlignment(int alignment);
   bool transparent() const { return transparent_; }
@@ -34,10 +34,10 @@ private:
 class TextBox : public Control {
 public:
   using Control::Control;
-  const std::string &text() const { return text_; }
+  const std::string& text() const { return text_; }
   // Fires Change when the text differs; a NUL cuts the text, as a text box
   // can't hold one.
-  void setText(const std::string &text);
+  void setText(const std::string& text);
   bool locked() const { return locked_; }
   void setLocked(bool locked) { locked_ = locked; }
   int maxLength() const { return maxLength_; } // 0: no limit
@@ -45,13 +45,13 @@ public:
 
   std::function<void()> onChange;
   // KeyPress gets each typed character's code and may change it; 0 drops it.
-  std::function<void(int &)> onKeyPress;
+  std::function<void(int&)> onKeyPress;
 
   // The user types characters at the end of the text (8 is Backspace), each
   // going through KeyPress first.
-  void userType(const std::string &characters);
+  void userType(const std::string& characters);
   // The user replaces the whole text (an edit the presentation saw).
-  void userSetText(const std::string &text);
+  void userSetText(const std::string& text);
   // A key the user types, through the form's KeyPress (with KeyPreview) and
   // this box's KeyPress: the key to insert, or 0 to drop it.
   int userFilterKey(int keyAscii);
@@ -65,8 +65,8 @@ private:
 class CheckBox : public Control {
 public:
   using Control::Control;
-  const std::string &caption() const { return caption_; }
-  void setCaption(const std::string &caption);
+  const std::string& caption() const { return caption_; }
+  void setCaption(const std::string& caption);
   int value() const { return value_; }
   // 0, 1 or 2; anything else is Invalid property value (380). Fires Click on
   // a change.
@@ -81,8 +81,8 @@ private:
 class OptionButton : public Control {
 public:
   using Control::Control;
-  const std::string &caption() const { return caption_; }
-  void setCaption(const std::string &caption);
+  const std::string& caption() const { return caption_; }
+  void setCaption(const std::string& caption);
   bool value() const { return value_; }
   // Setting True clears the other option buttons of the same container and
   // fires Click on this one; setting False fires nothing.
@@ -97,8 +97,8 @@ private:
 class CommandButton : public Control {
 public:
   using Control::Control;
-  const std::string &caption() const { return caption_; }
-  void setCaption(const std::string &caption);
+  const std::string& caption() const { return caption_; }
+  void setCaption(const std::string& caption);
   bool isDefault() const { return default_; } // Enter presses it
   void setDefault(bool value) { default_ = value; }
   bool isCancel() const { return cancel_; } // Esc presses it
@@ -117,8 +117,8 @@ private:
 class PictureBox : public Control {
 public:
   using Control::Control;
-  const Picture &picture() const { return picture_; }
-  void setPicture(const Picture &picture);
+  const Picture& picture() const { return picture_; }
+  void setPicture(const Picture& picture);
   bool canTakeFocus() const override { return false; }
 
 private:
@@ -133,8 +133,8 @@ public:
 class Frame : public Control {
 public:
   using Control::Control;
-  const std::string &caption() const { return caption_; }
-  void setCaption(const std::string &caption);
+  const std::string& caption() const { return caption_; }
+  void setCaption(const std::string& caption);
   bool bordered() const { return bordered_; }
   void setBordered(bool bordered);
   bool canTakeFocus() const override { return false; }
@@ -148,12 +148,12 @@ private:
 class ListControl : public Control {
 public:
   using Control::Control;
-  void addItem(const std::string &item);
-  void addItem(const std::string &item, int index); // 5 when index is out of range
+  void addItem(const std::string& item);
+  void addItem(const std::string& item, int index); // 5 when index is out of range
   void removeItem(int index);                       // 5 when index is out of range
   void clear();
   int listCount() const { return static_cast<int>(items_.size()); }
-  const std::string &list(int index) const; // 381 when index is out of range
+  const std::string& list(int index) const; // 381 when index is out of range
   int listIndex() const { return listIndex_; }
   // -1 selects nothing; anything else outside the list is 380. Fires Click on
   // a change.
@@ -173,13 +173,13 @@ public:
   std::string text() const;
   // Selects the item with exactly this text; a text not in the list is
   // 'Text' property is read-only (383).
-  void setText(const std::string &text);
+  void setText(const std::string& text);
 };
 
 // A list box, optionally with a check mark before each item.
 class ListBox : public ListControl {
 public:
-  ListBox(Form *form, ControlKind kind, std::string name, int index, Control *container,
+  ListBox(Form* form, ControlKind kind, std::string name, int index, Control* container,
           bool checkMarks = false);
   bool hasCheckMarks() const { return checkMarks_; }
   bool selected(int index) const; // the check mark, or the selection
@@ -200,12 +200,12 @@ private:
 class FileListBox : public ListControl {
 public:
   using ListControl::ListControl;
-  const std::string &path() const { return path_; }
+  const std::string& path() const { return path_; }
   // Lists the folder's files; Path not found (76) for a folder that doesn't
   // exist, leaving the old path.
-  void setPath(const std::string &path);
-  const std::string &pattern() const { return pattern_; }
-  void setPattern(const std::string &pattern); // "*.cab", or several: "*.bmp;*.ico"
+  void setPath(const std::string& path);
+  const std::string& pattern() const { return pattern_; }
+  void setPattern(const std::string& pattern); // "*.cab", or several: "*.bmp;*.ico"
   void refresh();
 
 private:
@@ -243,10 +243,10 @@ public:
   // the tab that was in front.
   void setTab(int tab);
   int previousTab() const { return previousTab_; }
-  const std::string &tabCaption(int tab) const;
-  void setTabCaption(int tab, const std::string &caption);
-  const Picture &tabPicture(int tab) const;
-  void setTabPicture(int tab, const Picture &picture);
+  const std::string& tabCaption(int tab) const;
+  void setTabCaption(int tab, const std::string& caption);
+  const Picture& tabPicture(int tab) const;
+  void setTabPicture(int tab, const Picture& picture);
   void userSelectTab(int tab);
 
 private:
@@ -306,8 +306,8 @@ public:
 class UserControlHost : public Control {
 public:
   using Control::Control;
-  void setBehavior(UserControl *behavior) { behavior_ = behavior; }
-  UserControl *behavior() const { return behavior_; }
+  void setBehavior(UserControl* behavior) { behavior_ = behavior; }
+  UserControl* behavior() const { return behavior_; }
   // The user control asks to be painted again.
   void redraw() { notify(Property::Drawing); }
   void userMouseDown(int button, int shift, float x, float y);
@@ -315,7 +315,7 @@ public:
   void userMouseMoveOver(int button, int shift, float x, float y);
 
 private:
-  UserControl *behavior_ = nullptr;
+  UserControl* behavior_ = nullptr;
 };
 
 } // namespace runtime

@@ -14,14 +14,14 @@ void Form::adopt(std::unique_ptr<Control> control, Bounds bounds) {
   controls_.push_back(std::move(control));
 }
 
-Control *Form::find(const std::string &designName) const {
-  if (designName == this->designName()) return const_cast<Form *>(this);
-  for (const auto &control : controls_)
+Control* Form::find(const std::string& designName) const {
+  if (designName == this->designName()) return const_cast<Form*>(this);
+  for (const auto& control : controls_)
     if (control->designName() == designName) return control.get();
   return nullptr;
 }
 
-void Form::setCaption(const std::string &caption) {
+void Form::setCaption(const std::string& caption) {
   if (caption_ == caption) return;
   caption_ = caption;
   notify(Property::Caption);
@@ -33,13 +33,13 @@ void Form::setWindowState(int state) {
   notify(Property::WindowState);
 }
 
-void Form::setRegion(const WindowRegion &region) {
+void Form::setRegion(const WindowRegion& region) {
   region_ = region;
   hasRegion_ = true;
   notify(Property::Region);
 }
 
-void Form::setPicture(const Picture &picture) {
+void Form::setPicture(const Picture& picture) {
   picture_ = picture;
   notify(Property::Picture);
 }
@@ -65,8 +65,8 @@ void Form::unload() {
   setVisible(false);
 }
 
-void Form::focus(Control *control) {
-  Control *previous = active_;
+void Form::focus(Control* control) {
+  Control* previous = active_;
   active_ = control;
   if (previous && previous != control) previous->notify(Property::Focus);
   if (control) control->notify(Property::Focus);
@@ -76,14 +76,20 @@ void Form::userPaint() {
   Application::instance().runEvent([&] { fire(onPaint); });
 }
 
+void Form::userKeyDown(int keyCode, int shift) {
+  Application::instance().runEvent([&] {
+    if (onKeyDown) onKeyDown(keyCode, shift);
+  });
+}
+
 void Form::userKey(int keyAscii) {
   Application::instance().runEvent([&] {
     int key = keyAscii;
     if (keyPreview && onKeyPress) onKeyPress(key);
     if (key != kVbKeyReturn && key != kVbKeyEscape) return;
-    for (const auto &control : controls_) {
+    for (const auto& control : controls_) {
       if (control->kind() != ControlKind::CommandButton) continue;
-      auto *button = static_cast<CommandButton *>(control.get());
+      auto* button = static_cast<CommandButton*>(control.get());
       const bool wanted = key == kVbKeyReturn ? button->isDefault() : button->isCancel();
       if (wanted && button->takesUserInput()) {
         button->press();

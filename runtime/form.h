@@ -18,7 +18,7 @@ struct RegionShape {
   enum class Kind { Rect, RoundRect } kind = Kind::Rect;
   int left = 0, top = 0, right = 0, bottom = 0;
   int cornerWidth = 0, cornerHeight = 0;
-  bool operator==(const RegionShape &) const = default;
+  bool operator==(const RegionShape&) const = default;
 };
 
 // A window region: CombineRgn(result, first, second, mode) of two shapes
@@ -27,7 +27,7 @@ struct WindowRegion {
   RegionShape first;
   RegionShape second;
   int combineMode = 0;
-  bool operator==(const WindowRegion &) const = default;
+  bool operator==(const WindowRegion&) const = default;
 };
 
 inline constexpr int kVbKeyReturn = 13;
@@ -39,26 +39,26 @@ public:
 
   // Creates a control of this form; `container` is the form itself when null.
   template <class T, class... Extra>
-  T &add(const std::string &name, int index, Control *container, Bounds bounds, Extra &&...extra) {
+  T& add(const std::string& name, int index, Control* container, Bounds bounds, Extra&&... extra) {
     auto control = std::make_unique<T>(this, kindOf<T>(), name, index, container ? container : this,
                                        std::forward<Extra>(extra)...);
-    T &added = *control;
+    T& added = *control;
     adopt(std::move(control), bounds);
     return added;
   }
   // Every control of the form, in creation order.
-  const std::vector<std::unique_ptr<Control>> &controls() const { return controls_; }
+  const std::vector<std::unique_ptr<Control>>& controls() const { return controls_; }
   // The control with this design name ("net_check(3)"), or null.
-  Control *find(const std::string &designName) const;
+  Control* find(const std::string& designName) const;
 
-  const std::string &caption() const { return caption_; }
-  void setCaption(const std::string &caption);
+  const std::string& caption() const { return caption_; }
+  void setCaption(const std::string& caption);
   int windowState() const { return windowState_; } // 0 normal, 1 minimised
   void setWindowState(int state);
-  const WindowRegion *region() const { return hasRegion_ ? &region_ : nullptr; }
-  void setRegion(const WindowRegion &region);
-  const Picture &picture() const { return picture_; }
-  void setPicture(const Picture &picture);
+  const WindowRegion* region() const { return hasRegion_ ? &region_ : nullptr; }
+  void setRegion(const WindowRegion& region);
+  const Picture& picture() const { return picture_; }
+  void setPicture(const Picture& picture);
 
   bool loaded() const { return loaded_; }
   // Loads the form (running Load once) if it isn't loaded.
@@ -68,25 +68,32 @@ public:
   void hide();
   void unload();
 
-  Control *activeControl() const { return active_; }
+  Control* activeControl() const { return active_; }
 
   std::function<void()> onLoad;
   std::function<void()> onPaint;
   std::function<void()> onUnload;
-  std::function<void(int &)> onKeyPress; // with KeyPreview, before the control
+  std::function<void(int&)> onKeyPress; // with KeyPreview, before the control
   bool keyPreview = false;
+  std::function<void(int, int)> onKeyDown; // key code, shift; keys sent to the form itself
+  std::function<void()> onResize;
+
+  // Asks for the form to be drawn again (Refresh); no Paint event comes of it.
+  void refresh() { notify(Property::Drawing); }
 
   // Input from the presentation.
   void userPaint();
   // A key typed while the form is active: KeyPress (with KeyPreview), then
   // Enter presses the default button and Esc the cancel button.
   void userKey(int keyAscii);
+  // A key pressed while the form itself has the focus.
+  void userKeyDown(int keyCode, int shift);
 
 private:
   friend class Control;
   template <class T> static ControlKind kindOf();
   void adopt(std::unique_ptr<Control> control, Bounds bounds);
-  void focus(Control *control);
+  void focus(Control* control);
 
   std::vector<std::unique_ptr<Control>> controls_;
   std::string caption_;
@@ -95,7 +102,7 @@ private:
   WindowRegion region_;
   Picture picture_;
   bool loaded_ = false;
-  Control *active_ = nullptr;
+  Control* active_ = nullptr;
 };
 
 template <class T> ControlKind Form::kindOf() {

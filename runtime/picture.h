@@ -10,7 +10,7 @@ namespace runtime {
 struct Picture {
   std::string resource; // empty: no picture
   bool empty() const { return resource.empty(); }
-  bool operator==(const Picture &) const = default;
+  bool operator==(const Picture&) const = default;
 };
 
 } // namespace runtime

@@ -33,7 +33,7 @@ std::string LTrim(std::string_view text) {
   return first == std::string_view::npos ? "" : std::string(text.substr(first));
 }
 
-Value add(const Value &left, const Value &right) {
+Value add(const Value& left, const Value& right) {
   if (isText(left) && isText(right))
     return std::get<std::string>(left) + std::get<std::string>(right);
   if (std::holds_alternative<Empty>(left)) return right;

@@ -24,6 +24,6 @@ std::string LTrim(std::string_view text);
 
 // The Basic "+" operator: two texts join, Empty takes the other side's value,
 // anything else adds as numbers (a text that isn't a number raises 13).
-Value add(const Value &left, const Value &right);
+Value add(const Value& left, const Value& right);
 
 } // namespace runtime

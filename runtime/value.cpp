@@ -14,7 +14,7 @@ namespace {
 bool isBlank(char c) { return c == ' ' || c == '\t'; }
 
 // Reads "&Hxx" or "&Oxx" at `text`; false when it isn't such a literal.
-bool readRadixLiteral(std::string_view text, std::size_t *used, double *number) {
+bool readRadixLiteral(std::string_view text, std::size_t* used, double* number) {
   if (text.size() < 3 || text[0] != '&') return false;
   const char kind = static_cast<char>(std::toupper(static_cast<unsigned char>(text[1])));
   const int radix = kind == 'H' ? 16 : kind == 'O' ? 8 : 0;
@@ -44,7 +44,7 @@ bool readRadixLiteral(std::string_view text, std::size_t *used, double *number) 
 
 // Reads a decimal number (sign, digits, point, exponent) at the start of
 // `text`; returns the count of characters used, 0 when there is no number.
-std::size_t readDecimal(std::string_view text, double *number) {
+std::size_t readDecimal(std::string_view text, double* number) {
   std::size_t i = 0;
   std::string digits;
   if (i < text.size() && (text[i] == '+' || text[i] == '-')) digits += text[i++];
@@ -79,9 +79,9 @@ std::size_t readDecimal(std::string_view text, double *number) {
 
 } // namespace
 
-bool isText(const Value &value) { return std::holds_alternative<std::string>(value); }
+bool isText(const Value& value) { return std::holds_alternative<std::string>(value); }
 
-bool isNumber(const Value &value) {
+bool isNumber(const Value& value) {
   return std::holds_alternative<std::int16_t>(value) ||
          std::holds_alternative<std::int32_t>(value) || std::holds_alternative<double>(value);
 }
@@ -98,12 +98,12 @@ double textToNumber(std::string_view text) {
   return number;
 }
 
-double toDouble(const Value &value) {
+double toDouble(const Value& value) {
   if (std::holds_alternative<Empty>(value)) return 0;
-  if (const bool *b = std::get_if<bool>(&value)) return *b ? -1 : 0;
-  if (const auto *i = std::get_if<std::int16_t>(&value)) return *i;
-  if (const auto *l = std::get_if<std::int32_t>(&value)) return *l;
-  if (const double *d = std::get_if<double>(&value)) return *d;
+  if (const bool* b = std::get_if<bool>(&value)) return *b ? -1 : 0;
+  if (const auto* i = std::get_if<std::int16_t>(&value)) return *i;
+  if (const auto* l = std::get_if<std::int32_t>(&value)) return *l;
+  if (const double* d = std::get_if<double>(&value)) return *d;
   return textToNumber(std::get<std::string>(value));
 }
 
@@ -115,22 +115,22 @@ double roundHalfEven(double number) {
   return rounded;
 }
 
-std::int16_t toInteger(const Value &value) {
+std::int16_t toInteger(const Value& value) {
   const double rounded = roundHalfEven(toDouble(value));
   if (!(rounded >= -32768.0 && rounded <= 32767.0)) raiseError(kOverflow);
   return static_cast<std::int16_t>(rounded);
 }
 
-std::int32_t toLong(const Value &value) {
+std::int32_t toLong(const Value& value) {
   const double rounded = roundHalfEven(toDouble(value));
   if (!(rounded >= -2147483648.0 && rounded <= 2147483647.0)) raiseError(kOverflow);
   return static_cast<std::int32_t>(rounded);
 }
 
-std::string toText(const Value &value) {
+std::string toText(const Value& value) {
   if (std::holds_alternative<Empty>(value)) return "";
-  if (const bool *b = std::get_if<bool>(&value)) return *b ? "True" : "False";
-  if (const auto *s = std::get_if<std::string>(&value)) return *s;
+  if (const bool* b = std::get_if<bool>(&value)) return *b ? "True" : "False";
+  if (const auto* s = std::get_if<std::string>(&value)) return *s;
   return generalForm(toDouble(value));
 }
 
@@ -150,7 +150,7 @@ std::string generalForm(double number) {
   std::snprintf(text, sizeof text, "%.14E", number);
   // text is "-d.ddddddddddddddE+xx": take the mantissa digits and exponent.
   std::string mantissa;
-  const char *p = text;
+  const char* p = text;
   const bool negative = *p == '-';
   if (negative) ++p;
   for (; *p && *p != 'E'; ++p)

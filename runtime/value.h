@@ -11,15 +11,15 @@
 namespace runtime {
 
 struct Empty {
-  bool operator==(const Empty &) const = default;
+  bool operator==(const Empty&) const = default;
 };
 
 // A Basic Variant: Empty, Boolean, Integer (16 bits), Long (32 bits),
 // Double or String.
 using Value = std::variant<Empty, bool, std::int16_t, std::int32_t, double, std::string>;
 
-bool isText(const Value &value);
-bool isNumber(const Value &value);
+bool isText(const Value& value);
+bool isNumber(const Value& value);
 
 // The number a text stands for as Basic reads it in a numeric context:
 // surrounding blanks allowed, a sign, digits with one decimal point, an
@@ -28,12 +28,12 @@ bool isNumber(const Value &value);
 double textToNumber(std::string_view text);
 
 // CDbl: Empty is 0, True is -1, texts as textToNumber.
-double toDouble(const Value &value);
+double toDouble(const Value& value);
 // CInt and CLng: rounded half to even; Overflow (6) outside the type's range.
-std::int16_t toInteger(const Value &value);
-std::int32_t toLong(const Value &value);
+std::int16_t toInteger(const Value& value);
+std::int32_t toLong(const Value& value);
 // CStr: numbers in general form, True/False, Empty as "".
-std::string toText(const Value &value);
+std::string toText(const Value& value);
 
 // Round half to the even neighbour, as every Basic conversion to a whole number.
 double roundHalfEven(double number);

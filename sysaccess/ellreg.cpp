@@ -14,11 +14,11 @@ using runtime::ResumeNext;
 
 namespace {
 
-std::uint8_t *bytes(std::string &buffer) { return reinterpret_cast<std::uint8_t *>(buffer.data()); }
+std::uint8_t* bytes(std::string& buffer) { return reinterpret_cast<std::uint8_t*>(buffer.data()); }
 
 // A kRegDword as the three-digit picture: the first four characters of the
 // buffer, first one least significant, read as an unsigned number.
-std::string dwordText(const std::string &buffer) {
+std::string dwordText(const std::string& buffer) {
   double number = 0;
   double weight = 1;
   for (int i = 0; i < 4; ++i, weight *= 256)
@@ -26,7 +26,7 @@ std::string dwordText(const std::string &buffer) {
   return runtime::formatThreeDigits(number);
 }
 
-std::string hexText(const std::string &buffer, Dword size) {
+std::string hexText(const std::string& buffer, Dword size) {
   std::string text;
   for (Dword i = 0; i < size; ++i) {
     char pair[3];
@@ -42,7 +42,7 @@ bool goodRead(platform::Status rc) { return rc == 0 && runtime::Err().number == 
 
 } // namespace
 
-std::string GetRegValue(Hive hive, const std::string &keyPath, const std::string &valueName) {
+std::string GetRegValue(Hive hive, const std::string& keyPath, const std::string& valueName) {
   ResumeNext resume;
   RegKey key = 0;
   platform::RegOpenKeyA(hive, keyPath.c_str(), &key);
@@ -66,8 +66,8 @@ std::string GetRegValue(Hive hive, const std::string &keyPath, const std::string
   return text;
 }
 
-void SetRegValue(Hive hive, const std::string &keyPath, const std::string &valueName,
-                 std::int32_t valueType, const runtime::Value &value) {
+void SetRegValue(Hive hive, const std::string& keyPath, const std::string& valueName,
+                 std::int32_t valueType, const runtime::Value& value) {
   ResumeNext resume;
   RegKey key = 0;
   platform::RegCreateKeyA(hive, keyPath.c_str(), &key);
@@ -92,7 +92,7 @@ void SetRegValue(Hive hive, const std::string &keyPath, const std::string &value
   platform::RegCloseKey(key);
 }
 
-std::string EnumRegKey(Hive hive, const std::string &keyPath, const std::int32_t &index) {
+std::string EnumRegKey(Hive hive, const std::string& keyPath, const std::int32_t& index) {
   ResumeNext resume;
   RegKey key = 0;
   platform::RegOpenKeyA(hive, keyPath.c_str(), &key);
@@ -105,7 +105,7 @@ std::string EnumRegKey(Hive hive, const std::string &keyPath, const std::int32_t
   return text;
 }
 
-EnumeratedValue EnumRegValue(Hive hive, const std::string &keyPath, const std::int32_t &index) {
+EnumeratedValue EnumRegValue(Hive hive, const std::string& keyPath, const std::int32_t& index) {
   ResumeNext resume;
   RegKey key = 0;
   platform::RegOpenKeyA(hive, keyPath.c_str(), &key);
@@ -132,7 +132,7 @@ EnumeratedValue EnumRegValue(Hive hive, const std::string &keyPath, const std::i
   return result;
 }
 
-void DelRegSubKey(Hive hive, const std::string &keyPath) {
+void DelRegSubKey(Hive hive, const std::string& keyPath) {
   ResumeNext resume;
   RegKey root = 0;
   platform::RegOpenKeyExA(hive, "", 0, platform::kKeyAllAccess, &root);
@@ -140,7 +140,7 @@ void DelRegSubKey(Hive hive, const std::string &keyPath) {
   platform::RegCloseKey(root);
 }
 
-void DelRegValue(Hive hive, const std::string &keyPath, const std::string &valueName) {
+void DelRegValue(Hive hive, const std::string& keyPath, const std::string& valueName) {
   ResumeNext resume;
   RegKey key = 0;
   platform::RegOpenKeyA(hive, keyPath.c_str(), &key);
@@ -148,7 +148,7 @@ void DelRegValue(Hive hive, const std::string &keyPath, const std::string &value
   platform::RegCloseKey(key);
 }
 
-void DelRegKey(Hive hive, const std::string &keyPath) {
+void DelRegKey(Hive hive, const std::string& keyPath) {
   ResumeNext resume;
   RegKey key = 0;
   // The handle takes no part in the deletion and is never closed.

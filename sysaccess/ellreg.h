@@ -33,20 +33,20 @@ inline constexpr std::int32_t kRegDword = 4;
 inline constexpr std::int32_t kRegDwordBigEndian = 5;
 
 // The nine characters every reader compares against to tell a missing value.
-inline constexpr const char *kNotFound = "Not Found";
+inline constexpr const char* kNotFound = "Not Found";
 // Every read buffer holds this many characters, filled with blanks first.
 inline constexpr std::size_t kBufferLength = 2048;
 
-std::string GetRegValue(Hive hive, const std::string &keyPath, const std::string &valueName);
+std::string GetRegValue(Hive hive, const std::string& keyPath, const std::string& valueName);
 
 // Type 4 stores the value as a 32-bit number (0 when it can't be one); any
 // other type stores kRegSz: a text with its terminator, a number as its
 // digits with no terminator counted.
-void SetRegValue(Hive hive, const std::string &keyPath, const std::string &valueName,
-                 std::int32_t valueType, const runtime::Value &value);
+void SetRegValue(Hive hive, const std::string& keyPath, const std::string& valueName,
+                 std::int32_t valueType, const runtime::Value& value);
 
 // The name of the index-th subkey, or "Not Found".
-std::string EnumRegKey(Hive hive, const std::string &keyPath, const std::int32_t &index);
+std::string EnumRegKey(Hive hive, const std::string& keyPath, const std::int32_t& index);
 
 // The index-th value: its type, name and data text. Past the last value the
 // type is 0, the name 2048 blanks and the data "Not Found". kRegBinary data
@@ -56,12 +56,12 @@ struct EnumeratedValue {
   std::string name;
   std::string data;
 };
-EnumeratedValue EnumRegValue(Hive hive, const std::string &keyPath, const std::int32_t &index);
+EnumeratedValue EnumRegValue(Hive hive, const std::string& keyPath, const std::int32_t& index);
 
 // Deletes a key with all its subkeys, through a handle of the hive itself.
-void DelRegSubKey(Hive hive, const std::string &keyPath);
-void DelRegValue(Hive hive, const std::string &keyPath, const std::string &valueName);
+void DelRegSubKey(Hive hive, const std::string& keyPath);
+void DelRegValue(Hive hive, const std::string& keyPath, const std::string& valueName);
 // Deletes a key with all its subkeys; the handle it opens first is left open.
-void DelRegKey(Hive hive, const std::string &keyPath);
+void DelRegKey(Hive hive, const std::string& keyPath);
 
 } // namespace sysaccess

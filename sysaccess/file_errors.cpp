@@ -62,7 +62,7 @@ int recoveryCode(int answer) {
 
 int FileErrors() {
   const int number = runtime::Err().number;
-  for (const auto &row : kDiskErrors) {
+  for (const auto& row : kDiskErrors) {
     if (row.number != number) continue;
     return recoveryCode(platform::MessageBoxA(row.text.c_str(), "Disk Error", row.type));
   }

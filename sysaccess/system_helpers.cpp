@@ -7,8 +7,8 @@
 
 namespace sysaccess {
 
-std::string GetFromINI(const std::string &sectionHeader, const std::string &varName,
-                       const std::string &fileName) {
+std::string GetFromINI(const std::string& sectionHeader, const std::string& varName,
+                       const std::string& fileName) {
   std::string buffer(255, '\0');
   const auto copied = platform::GetPrivateProfileStringA(
       sectionHeader.c_str(), varName.c_str(), "", buffer.data(),
@@ -22,7 +22,7 @@ std::string GetWinDir() {
   return runtime::LTrim(buffer);
 }
 
-std::string passThroughHidden(const runtime::Value &value) {
+std::string passThroughHidden(const runtime::Value& value) {
   const std::string text = runtime::toText(value);
   return text.substr(0, text.find('\0'));
 }
@@ -34,16 +34,16 @@ std::string TempPath() {
   return runtime::Left(buffer, length);
 }
 
-bool FileExists(const std::string &fileName) {
+bool FileExists(const std::string& fileName) {
   try {
     return (runtime::GetAttr(fileName) & platform::kAttributeDirectory) == 0;
-  } catch (const runtime::RuntimeError &) {
+  } catch (const runtime::RuntimeError&) {
     return false;
   }
 }
 
-std::string sReplace(const std::string &searchLine, const std::string &searchFor,
-                     const std::string &replaceWith) {
+std::string sReplace(const std::string& searchLine, const std::string& searchFor,
+                     const std::string& replaceWith) {
   const auto at = runtime::InStr(1, searchLine, searchFor);
   if (at == 0) return searchLine;
   return runtime::Left(searchLine, at - 1) + replaceWith +

@@ -10,8 +10,8 @@ namespace sysaccess {
 
 // The value of `varName` in `sectionHeader` of an INI-style file: at most 254
 // characters; a missing key, section or file all read as the empty text.
-std::string GetFromINI(const std::string &sectionHeader, const std::string &varName,
-                       const std::string &fileName);
+std::string GetFromINI(const std::string& sectionHeader, const std::string& varName,
+                       const std::string& fileName);
 
 // The Windows directory in a 256-character buffer: the path, its NUL and the
 // blanks behind it, leading blanks removed. Pass it through
@@ -20,16 +20,16 @@ std::string GetWinDir();
 
 // The program's text normaliser (the hidden text box of the main form): the
 // value as text, cut at its first NUL, which a text box can't hold.
-std::string passThroughHidden(const runtime::Value &value);
+std::string passThroughHidden(const runtime::Value& value);
 
 // The folder for temporary files with its trailing backslash.
 std::string TempPath();
 
 // True when the name exists and is not a directory; false on any error.
-bool FileExists(const std::string &fileName);
+bool FileExists(const std::string& fileName);
 
 // `searchLine` with the first exact match of `searchFor` replaced.
-std::string sReplace(const std::string &searchLine, const std::string &searchFor,
-                     const std::string &replaceWith);
+std::string sReplace(const std::string& searchLine, const std::string& searchFor,
+                     const std::string& replaceWith);
 
 } // namespace sysaccess

@@ -83,6 +83,11 @@ if build/host/tools/pecheck/tl99_pecheck build/win32-tests/tests/conformance/tl9
 else
   count "static check refuses a posix-model exe" 1 0
 fi
+if build/host/tools/artgen/tl99_artgen --verify resources/images; then
+  count "artwork matches its generator" 1 0
+else
+  count "artwork matches its generator" 0 1
+fi
 p6=$(i686-w64-mingw32-objdump -d "$exe" | grep -cE '\s(cmov[a-z]*|fcomi[p]?|fucomi[p]?)\s' || true)
 echo "   P6-only instructions (cmov/fcomi) in the exe: $p6 (the prebuilt runtime needs a Pentium Pro or later)"
 

@@ -24,7 +24,7 @@ bool failWith(Status error) {
   return false;
 }
 
-Dword copyOut(const std::string &text, char *buffer, Dword size) {
+Dword copyOut(const std::string& text, char* buffer, Dword size) {
   const auto length = static_cast<Dword>(text.size());
   if (length + 1 > size) return length + 1;
   std::memcpy(buffer, text.c_str(), length + 1);
@@ -32,10 +32,10 @@ Dword copyOut(const std::string &text, char *buffer, Dword size) {
 }
 
 // Windows wildcard match of a long file name, without regard to case.
-bool wildcardMatch(const char *pattern, const char *name) {
+bool wildcardMatch(const char* pattern, const char* name) {
   if (*pattern == '\0') return *name == '\0';
   if (*pattern == '*') {
-    for (const char *rest = name;; ++rest) {
+    for (const char* rest = name;; ++rest) {
       if (wildcardMatch(pattern + 1, rest)) return true;
       if (*rest == '\0') return false;
     }
@@ -49,7 +49,7 @@ bool wildcardMatch(const char *pattern, const char *name) {
   return false;
 }
 
-Dword attributesOf(const std::string &host) {
+Dword attributesOf(const std::string& host) {
   struct stat info {};
   if (::stat(host.c_str(), &info) != 0) return kInvalidFileAttributes;
   Dword attributes = S_ISDIR(info.st_mode) ? kAttributeDirectory : kAttributeArchive;
@@ -61,7 +61,7 @@ Dword attributesOf(const std::string &host) {
 
 } // namespace
 
-Dword GetFileAttributesA(const char *path) {
+Dword GetFileAttributesA(const char* path) {
   const auto resolved = resolve(path ? path : "");
   if (resolved.error) return fail(resolved.error), kInvalidFileAttributes;
   const Dword attributes = attributesOf(resolved.host);
@@ -70,7 +70,7 @@ Dword GetFileAttributesA(const char *path) {
   return attributes;
 }
 
-bool SetFileAttributesA(const char *path, Dword attributes) {
+bool SetFileAttributesA(const char* path, Dword attributes) {
   const auto resolved = resolve(path ? path : "");
   if (resolved.error) return failWith(resolved.error);
   struct stat info {};
@@ -88,7 +88,7 @@ bool SetFileAttributesA(const char *path, Dword attributes) {
   return true;
 }
 
-bool CreateDirectoryA(const char *path) {
+bool CreateDirectoryA(const char* path) {
   const auto resolved = resolve(path ? path : "");
   if (resolved.error) return failWith(resolved.error);
   if (hostExists(resolved.host)) return failWith(kErrorAlreadyExists);
@@ -97,7 +97,7 @@ bool CreateDirectoryA(const char *path) {
   return true;
 }
 
-bool RemoveDirectoryA(const char *path) {
+bool RemoveDirectoryA(const char* path) {
   const auto resolved = resolve(path ? path : "");
   if (resolved.error) return failWith(resolved.error);
   if (!hostExists(resolved.host))
@@ -107,7 +107,7 @@ bool RemoveDirectoryA(const char *path) {
   return true;
 }
 
-bool DeleteFileA(const char *path) {
+bool DeleteFileA(const char* path) {
   const auto resolved = resolve(path ? path : "");
   if (resolved.error) return failWith(resolved.error);
   if (!hostExists(resolved.host))
@@ -119,7 +119,7 @@ bool DeleteFileA(const char *path) {
   return true;
 }
 
-bool CopyFileA(const char *from, const char *to, bool failIfExists) {
+bool CopyFileA(const char* from, const char* to, bool failIfExists) {
   const auto source = resolve(from ? from : "");
   if (source.error) return failWith(source.error);
   if (!hostExists(source.host) || hostIsDirectory(source.host))
@@ -132,9 +132,9 @@ bool CopyFileA(const char *from, const char *to, bool failIfExists) {
     if (hostIsDirectory(target.host) || hostIsReadOnly(target.host))
       return failWith(kErrorAccessDenied);
   }
-  std::FILE *in = std::fopen(source.host.c_str(), "rb");
+  std::FILE* in = std::fopen(source.host.c_str(), "rb");
   if (!in) return failWith(kErrorAccessDenied);
-  std::FILE *out = std::fopen(target.host.c_str(), "wb");
+  std::FILE* out = std::fopen(target.host.c_str(), "wb");
   if (!out) {
     std::fclose(in);
     return failWith(kErrorAccessDenied);
@@ -151,13 +151,13 @@ bool CopyFileA(const char *from, const char *to, bool failIfExists) {
   return true;
 }
 
-Dword GetCurrentDirectoryA(Dword size, char *buffer) {
+Dword GetCurrentDirectoryA(Dword size, char* buffer) {
   return copyOut(machine().currentDirectory, buffer, size);
 }
 
 Status GetLastError() { return machine().lastError; }
 
-std::vector<FoundFile> FindFiles(const char *pattern) {
+std::vector<FoundFile> FindFiles(const char* pattern) {
   std::vector<FoundFile> found;
   const std::string full = fullWindowsPath(pattern ? pattern : "");
   const std::size_t cut = full.find_last_of("\\/");
@@ -168,21 +168,21 @@ std::vector<FoundFile> FindFiles(const char *pattern) {
   if (!hostIsDirectory(resolved.host)) return fail(kErrorPathNotFound), found;
   const bool all = mask == "*.*" || mask == "*";
   std::vector<std::string> names;
-  if (DIR *dir = ::opendir(resolved.host.c_str())) {
-    while (const dirent *entry = ::readdir(dir)) {
+  if (DIR* dir = ::opendir(resolved.host.c_str())) {
+    while (const dirent* entry = ::readdir(dir)) {
       const std::string name = entry->d_name;
       if ((name == "." || name == "..") && resolved.isRoot) continue;
       if (all || wildcardMatch(mask.c_str(), name.c_str())) names.push_back(name);
     }
     ::closedir(dir);
   }
-  std::sort(names.begin(), names.end(), [](const std::string &a, const std::string &b) {
+  std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
     const bool aDots = a == "." || a == "..";
     const bool bDots = b == "." || b == "..";
     if (aDots != bDots) return aDots;
     return nameLess(a, b);
   });
-  for (const auto &name : names) {
+  for (const auto& name : names) {
     const std::string host = resolved.host + "/" + name;
     struct stat info {};
     ::stat(host.c_str(), &info);
@@ -193,10 +193,10 @@ std::vector<FoundFile> FindFiles(const char *pattern) {
   return found;
 }
 
-Dword GetWindowsDirectoryA(char *buffer, Dword size) {
+Dword GetWindowsDirectoryA(char* buffer, Dword size) {
   return copyOut(machine().windowsDirectory, buffer, size);
 }
 
-Dword GetTempPathA(Dword size, char *buffer) { return copyOut(machine().tempPath, buffer, size); }
+Dword GetTempPathA(Dword size, char* buffer) { return copyOut(machine().tempPath, buffer, size); }
 
 } // namespace platform

@@ -11,9 +11,9 @@ namespace {
 std::unique_ptr<Machine> theMachine = std::make_unique<Machine>();
 } // namespace
 
-Machine &machine() { return *theMachine; }
+Machine& machine() { return *theMachine; }
 
-void log(const std::string &line) {
+void log(const std::string& line) {
   if (machine().logging) machine().callLog.push_back(line);
 }
 
@@ -67,10 +67,10 @@ bool nameLess(std::string_view a, std::string_view b) { return foldedKey(a) < fo
 
 using detail::machine;
 
-void reset(const std::string &hostRoot) {
+void reset(const std::string& hostRoot) {
   detail::theMachine = std::make_unique<detail::Machine>();
-  auto &m = machine();
-  static constexpr const char *kRootNames[4] = {"HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER",
+  auto& m = machine();
+  static constexpr const char* kRootNames[4] = {"HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER",
                                                 "HKEY_LOCAL_MACHINE", "HKEY_USERS"};
   for (int i = 0; i < 4; ++i) {
     m.roots[i] = std::make_shared<detail::Key>();
@@ -83,22 +83,22 @@ void reset(const std::string &hostRoot) {
       MemoryStatus{40, 64u << 20, 20u << 20, 128u << 20, 100u << 20, 2047u << 20, 2000u << 20};
 }
 
-void setWindowsDirectory(const std::string &path) { machine().windowsDirectory = path; }
-void setTempPath(const std::string &path) { machine().tempPath = path; }
-void setCurrentDirectory(const std::string &path) { machine().currentDirectory = path; }
-void setVersion(const VersionInfo &info) { machine().version = info; }
+void setWindowsDirectory(const std::string& path) { machine().windowsDirectory = path; }
+void setTempPath(const std::string& path) { machine().tempPath = path; }
+void setCurrentDirectory(const std::string& path) { machine().currentDirectory = path; }
+void setVersion(const VersionInfo& info) { machine().version = info; }
 void setUserName(std::optional<std::string> name) { machine().userName = std::move(name); }
 void setTickCount(Dword ticks) { machine().tickCount = ticks; }
-void setMemoryStatus(const MemoryStatus &status) { machine().memory = status; }
+void setMemoryStatus(const MemoryStatus& status) { machine().memory = status; }
 
 void queueMessageBoxAnswer(int answer) { machine().messageBoxAnswers.push_back(answer); }
-const std::vector<ShownMessageBox> &shownMessageBoxes() { return machine().shownBoxes; }
-const std::vector<StartedCommand> &startedCommands() { return machine().startedCommands; }
-const std::vector<Dword> &exitRequests() { return machine().exitRequests; }
+const std::vector<ShownMessageBox>& shownMessageBoxes() { return machine().shownBoxes; }
+const std::vector<StartedCommand>& startedCommands() { return machine().startedCommands; }
+const std::vector<Dword>& exitRequests() { return machine().exitRequests; }
 void setWinExecResult(Dword result) { machine().winExecResult = result; }
 
 void setCallLogging(bool on) { machine().logging = on; }
-const std::vector<std::string> &callLog() { return machine().callLog; }
+const std::vector<std::string>& callLog() { return machine().callLog; }
 void clearCallLog() { machine().callLog.clear(); }
 
 std::size_t openKeyHandles() { return machine().handles.size(); }

@@ -57,8 +57,8 @@ struct Machine {
   Status lastError = 0;
 };
 
-Machine &machine();
-void log(const std::string &line);
+Machine& machine();
+void log(const std::string& line);
 Status fail(Status error); // sets the last error and returns it
 
 // Comparison of names as Windows 98 compares them: each byte is taken in

@@ -12,7 +12,7 @@ namespace {
 
 bool isSeparator(char c) { return c == '\\' || c == '/'; }
 
-bool hasForbiddenCharacter(const std::string &part) {
+bool hasForbiddenCharacter(const std::string& part) {
   for (const char c : part) {
     const auto byte = static_cast<unsigned char>(c);
     if (byte < 0x20) return true;
@@ -31,12 +31,12 @@ bool hasForbiddenCharacter(const std::string &part) {
 }
 
 // The entry of `folder` whose name equals `name` without regard to case.
-std::string matchEntry(const std::string &folder, const std::string &name) {
+std::string matchEntry(const std::string& folder, const std::string& name) {
   if (hostExists(folder + "/" + name)) return name;
-  DIR *dir = ::opendir(folder.c_str());
+  DIR* dir = ::opendir(folder.c_str());
   if (!dir) return name;
   std::string match = name;
-  while (const dirent *entry = ::readdir(dir)) {
+  while (const dirent* entry = ::readdir(dir)) {
     if (sameName(entry->d_name, name)) {
       match = entry->d_name;
       break;
@@ -48,8 +48,8 @@ std::string matchEntry(const std::string &folder, const std::string &name) {
 
 } // namespace
 
-std::string fullWindowsPath(const std::string &path) {
-  const std::string &cwd = machine().currentDirectory;
+std::string fullWindowsPath(const std::string& path) {
+  const std::string& cwd = machine().currentDirectory;
   if (path.size() >= 2 && path[1] == ':') {
     if (path.size() == 2 || !isSeparator(path[2])) return path.substr(0, 2) + "\\" + path.substr(2);
     return path;
@@ -60,7 +60,7 @@ std::string fullWindowsPath(const std::string &path) {
   return base + path;
 }
 
-ResolvedPath resolve(const std::string &path) {
+ResolvedPath resolve(const std::string& path) {
   ResolvedPath result;
   if (path.empty()) {
     result.error = kErrorPathNotFound;
@@ -87,7 +87,7 @@ ResolvedPath resolve(const std::string &path) {
       part += full[i];
     }
   }
-  for (const auto &p : parts) {
+  for (const auto& p : parts) {
     if (hasForbiddenCharacter(p)) {
       result.error = kErrorInvalidName;
       return result;
@@ -110,17 +110,17 @@ ResolvedPath resolve(const std::string &path) {
   return result;
 }
 
-bool hostExists(const std::string &host) {
+bool hostExists(const std::string& host) {
   struct stat info {};
   return ::stat(host.c_str(), &info) == 0;
 }
 
-bool hostIsDirectory(const std::string &host) {
+bool hostIsDirectory(const std::string& host) {
   struct stat info {};
   return ::stat(host.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
-bool hostIsReadOnly(const std::string &host) {
+bool hostIsReadOnly(const std::string& host) {
   struct stat info {};
   return ::stat(host.c_str(), &info) == 0 && (info.st_mode & S_IWUSR) == 0;
 }
@@ -128,7 +128,7 @@ bool hostIsReadOnly(const std::string &host) {
 } // namespace platform::sim::detail
 
 namespace platform::sim {
-std::string hostPath(const std::string &windowsPath) {
+std::string hostPath(const std::string& windowsPath) {
   const auto resolved = detail::resolve(windowsPath);
   return resolved.error ? std::string() : resolved.host;
 }

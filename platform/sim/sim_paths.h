@@ -19,13 +19,13 @@ struct ResolvedPath {
 // without regard to case against what exists. Names with characters that
 // Windows forbids give ERROR_INVALID_NAME; drives other than c: to h:, or a
 // drive whose folder is missing, give ERROR_PATH_NOT_FOUND.
-ResolvedPath resolve(const std::string &path);
+ResolvedPath resolve(const std::string& path);
 
 // The full Windows form of a relative or absolute name ("C:\WINDOWS\x.ini").
-std::string fullWindowsPath(const std::string &path);
+std::string fullWindowsPath(const std::string& path);
 
-bool hostExists(const std::string &host);
-bool hostIsDirectory(const std::string &host);
-bool hostIsReadOnly(const std::string &host);
+bool hostExists(const std::string& host);
+bool hostIsDirectory(const std::string& host);
+bool hostIsReadOnly(const std::string& host);
 
 } // namespace platform::sim::detail

@@ -37,11 +37,11 @@ std::string_view trim(std::string_view text) {
   return text;
 }
 
-std::vector<ProfileSection> parse(const std::string &content) {
+std::vector<ProfileSection> parse(const std::string& content) {
   std::vector<ProfileSection> sections;
   if (content.empty()) return sections;
   sections.push_back({});
-  const ProfileKey *previous = nullptr;
+  const ProfileKey* previous = nullptr;
   std::size_t pos = 0;
   while (pos < content.size()) {
     std::size_t end = pos;
@@ -76,11 +76,11 @@ std::vector<ProfileSection> parse(const std::string &content) {
   return sections;
 }
 
-std::string serialise(const std::vector<ProfileSection> &sections) {
+std::string serialise(const std::vector<ProfileSection>& sections) {
   std::string out;
-  for (const auto &section : sections) {
+  for (const auto& section : sections) {
     if (!section.name.empty()) out += "[" + section.name + "]\r\n";
-    for (const auto &key : section.keys) {
+    for (const auto& key : section.keys) {
       out += key.name;
       if (key.value) out += "=" + *key.value;
       out += "\r\n";
@@ -91,7 +91,7 @@ std::string serialise(const std::vector<ProfileSection> &sections) {
 
 // The host file of a profile name: a bare file name lies in the Windows
 // directory, anything else is taken as a path.
-ResolvedPath profilePath(const char *fileName) {
+ResolvedPath profilePath(const char* fileName) {
   std::string name = fileName ? fileName : "win.ini";
   if (name.find_first_of("\\/") == std::string::npos && !(name.size() >= 2 && name[1] == ':'))
     name = machine().windowsDirectory + "\\" + name;
@@ -100,11 +100,11 @@ ResolvedPath profilePath(const char *fileName) {
 
 enum class OpenResult { Loaded, Missing, Failed };
 
-OpenResult load(const ResolvedPath &path, std::vector<ProfileSection> *sections) {
+OpenResult load(const ResolvedPath& path, std::vector<ProfileSection>* sections) {
   if (path.error) return OpenResult::Failed;
   if (!hostExists(path.host)) return path.parentExists ? OpenResult::Missing : OpenResult::Failed;
   if (hostIsDirectory(path.host)) return OpenResult::Failed;
-  std::FILE *file = std::fopen(path.host.c_str(), "rb");
+  std::FILE* file = std::fopen(path.host.c_str(), "rb");
   if (!file) return OpenResult::Failed;
   std::string content;
   char block[4096];
@@ -116,8 +116,8 @@ OpenResult load(const ResolvedPath &path, std::vector<ProfileSection> *sections)
   return OpenResult::Loaded;
 }
 
-bool save(const ResolvedPath &path, const std::vector<ProfileSection> &sections) {
-  std::FILE *file = std::fopen(path.host.c_str(), "wb");
+bool save(const ResolvedPath& path, const std::vector<ProfileSection>& sections) {
+  std::FILE* file = std::fopen(path.host.c_str(), "wb");
   if (!file) return false;
   const std::string content = serialise(sections);
   std::fwrite(content.data(), 1, content.size(), file);
@@ -129,24 +129,24 @@ bool matches(std::string_view stored, std::string_view wanted) {
   return sameName(stored, trim(wanted));
 }
 
-ProfileSection *findSection(std::vector<ProfileSection> &sections, std::string_view name) {
-  for (auto &s : sections)
+ProfileSection* findSection(std::vector<ProfileSection>& sections, std::string_view name) {
+  for (auto& s : sections)
     if (!s.name.empty() && matches(s.name, name)) return &s;
   // The unnamed part before the first section answers to the empty name.
-  for (auto &s : sections)
+  for (auto& s : sections)
     if (s.name.empty() && trim(name).empty()) return &s;
   return nullptr;
 }
 
-ProfileKey *findKey(ProfileSection &section, std::string_view name) {
-  for (auto &k : section.keys)
+ProfileKey* findKey(ProfileSection& section, std::string_view name) {
+  for (auto& k : section.keys)
     if (matches(k.name, name)) return &k;
   return nullptr;
 }
 
 // Copies an entry into the caller's buffer as the profile calls do: at most
 // size - 1 characters, and one pair of matching quotes around it removed.
-Dword copyEntry(std::string_view value, char *buffer, Dword size) {
+Dword copyEntry(std::string_view value, char* buffer, Dword size) {
   char quote = '\0';
   if (!value.empty() && (value.front() == '\'' || value.front() == '"') && value.size() > 1 &&
       value.back() == value.front()) {
@@ -160,7 +160,7 @@ Dword copyEntry(std::string_view value, char *buffer, Dword size) {
   return static_cast<Dword>(length);
 }
 
-Dword copyTruncated(std::string_view value, char *buffer, Dword size) {
+Dword copyTruncated(std::string_view value, char* buffer, Dword size) {
   const std::size_t length = std::min<std::size_t>(value.size(), size - 1);
   std::memcpy(buffer, value.data(), length);
   buffer[length] = '\0';
@@ -168,9 +168,9 @@ Dword copyTruncated(std::string_view value, char *buffer, Dword size) {
 }
 
 // A list of NUL-terminated names ending in a second NUL, cut to fit.
-Dword copyList(const std::vector<std::string> &names, char *buffer, Dword size) {
+Dword copyList(const std::vector<std::string>& names, char* buffer, Dword size) {
   std::string list;
-  for (const auto &n : names)
+  for (const auto& n : names)
     list += n + '\0';
   if (list.size() + 1 <= size) {
     std::memcpy(buffer, list.data(), list.size());
@@ -187,12 +187,12 @@ Dword copyList(const std::vector<std::string> &names, char *buffer, Dword size) 
   return size - 2;
 }
 
-std::string show(const char *text) { return text ? std::string("\"") + text + "\"" : "null"; }
+std::string show(const char* text) { return text ? std::string("\"") + text + "\"" : "null"; }
 
 } // namespace
 
-Dword GetPrivateProfileStringA(const char *section, const char *key, const char *defaultValue,
-                               char *buffer, Dword size, const char *fileName) {
+Dword GetPrivateProfileStringA(const char* section, const char* key, const char* defaultValue,
+                               char* buffer, Dword size, const char* fileName) {
   log("GetPrivateProfileStringA " + show(section) + " " + show(key) + " " + show(fileName));
   if (!buffer || size == 0) return 0;
   std::string fallback = defaultValue ? defaultValue : "";
@@ -200,14 +200,14 @@ Dword GetPrivateProfileStringA(const char *section, const char *key, const char 
   const OpenResult opened = load(profilePath(fileName), &sections);
   if (!section) {
     std::vector<std::string> names;
-    for (const auto &s : sections)
+    for (const auto& s : sections)
       if (!s.name.empty()) names.push_back(s.name);
     return copyList(names, buffer, size);
   }
   if (!key) {
     std::vector<std::string> names;
-    if (ProfileSection *found = findSection(sections, section)) {
-      for (const auto &k : found->keys)
+    if (ProfileSection* found = findSection(sections, section)) {
+      for (const auto& k : found->keys)
         if (k.value && !k.name.empty() && k.name.front() != ';') names.push_back(k.name);
     }
     if (names.empty()) return copyEntry(fallback, buffer, size);
@@ -216,14 +216,14 @@ Dword GetPrivateProfileStringA(const char *section, const char *key, const char 
   while (!fallback.empty() && fallback.back() == ' ')
     fallback.pop_back();
   if (opened == OpenResult::Failed) return copyTruncated(fallback, buffer, size);
-  const ProfileKey *found = nullptr;
-  if (ProfileSection *s = findSection(sections, section)) found = findKey(*s, key);
+  const ProfileKey* found = nullptr;
+  if (ProfileSection* s = findSection(sections, section)) found = findKey(*s, key);
   return copyEntry(found && found->value ? std::string_view(*found->value) : fallback, buffer,
                    size);
 }
 
-bool WritePrivateProfileStringA(const char *section, const char *key, const char *value,
-                                const char *fileName) {
+bool WritePrivateProfileStringA(const char* section, const char* key, const char* value,
+                                const char* fileName) {
   log("WritePrivateProfileStringA " + show(section) + " " + show(key) + " " + show(value) + " " +
       show(fileName));
   const ResolvedPath path = profilePath(fileName);
@@ -242,7 +242,7 @@ bool WritePrivateProfileStringA(const char *section, const char *key, const char
   if (!section) return true;
   bool changed = false;
   if (!key) {
-    const auto it = std::find_if(sections.begin(), sections.end(), [&](const ProfileSection &s) {
+    const auto it = std::find_if(sections.begin(), sections.end(), [&](const ProfileSection& s) {
       return sameName(s.name, section);
     });
     if (it != sections.end()) {
@@ -250,10 +250,10 @@ bool WritePrivateProfileStringA(const char *section, const char *key, const char
       changed = true;
     }
   } else if (!value) {
-    for (auto &s : sections) {
+    for (auto& s : sections) {
       if (!sameName(s.name, section)) continue;
       const auto it = std::find_if(s.keys.begin(), s.keys.end(),
-                                   [&](const ProfileKey &k) { return sameName(k.name, key); });
+                                   [&](const ProfileKey& k) { return sameName(k.name, key); });
       if (it != s.keys.end()) {
         s.keys.erase(it);
         changed = true;
@@ -270,12 +270,12 @@ bool WritePrivateProfileStringA(const char *section, const char *key, const char
     std::string_view newValue = value;
     while (!newValue.empty() && isProfileSpace(newValue.front()))
       newValue.remove_prefix(1);
-    ProfileSection *s = findSection(sections, sectionName);
+    ProfileSection* s = findSection(sections, sectionName);
     if (!s) {
       sections.push_back({std::string(sectionName), {}});
       s = &sections.back();
     }
-    ProfileKey *k = findKey(*s, keyName);
+    ProfileKey* k = findKey(*s, keyName);
     if (!k) {
       s->keys.push_back({std::string(keyName), std::nullopt});
       k = &s->keys.back();

@@ -21,7 +21,7 @@ namespace {
 
 constexpr Status kErrorKeyDeleted = 1018;
 
-const char *rootName(RegKey key) {
+const char* rootName(RegKey key) {
   switch (key) {
   case kClassesRoot: return "HKCR";
   case kCurrentUser: return "HKCU";
@@ -32,17 +32,17 @@ const char *rootName(RegKey key) {
 }
 
 std::string describe(RegKey key) {
-  if (const char *root = rootName(key)) return root;
+  if (const char* root = rootName(key)) return root;
   char text[24];
   std::snprintf(text, sizeof text, "#%lx", static_cast<unsigned long>(key));
   return text;
 }
 
-std::string show(const char *text) { return text ? std::string("\"") + text + "\"" : "null"; }
+std::string show(const char* text) { return text ? std::string("\"") + text + "\"" : "null"; }
 
 // The key a handle stands for, or an error code.
-Status lookUp(RegKey handle, std::shared_ptr<Key> *key) {
-  auto &m = machine();
+Status lookUp(RegKey handle, std::shared_ptr<Key>* key) {
+  auto& m = machine();
   if (handle >= kClassesRoot && handle <= kUsers) {
     *key = m.roots[handle - kClassesRoot];
     return 0;
@@ -65,42 +65,42 @@ std::vector<std::string> splitPath(std::string_view path) {
   return parts;
 }
 
-std::shared_ptr<Key> findSubkey(const Key &parent, std::string_view name) {
-  for (const auto &sub : parent.subkeys)
+std::shared_ptr<Key> findSubkey(const Key& parent, std::string_view name) {
+  for (const auto& sub : parent.subkeys)
     if (sameName(sub->name, name)) return sub;
   return nullptr;
 }
 
-std::shared_ptr<Key> addSubkey(Key &parent, const std::string &name) {
+std::shared_ptr<Key> addSubkey(Key& parent, const std::string& name) {
   auto sub = std::make_shared<Key>();
   sub->name = name;
   const auto at = std::find_if(parent.subkeys.begin(), parent.subkeys.end(),
-                               [&](const auto &k) { return nameLess(name, k->name); });
+                               [&](const auto& k) { return nameLess(name, k->name); });
   parent.subkeys.insert(at, sub);
   return sub;
 }
 
-Value *findValue(Key &key, std::string_view name) {
-  for (auto &v : key.values)
+Value* findValue(Key& key, std::string_view name) {
+  for (auto& v : key.values)
     if (sameName(v.name, name)) return &v;
   return nullptr;
 }
 
 RegKey newHandle(std::shared_ptr<Key> key) {
-  auto &m = machine();
+  auto& m = machine();
   const RegKey handle = m.nextHandle;
   m.nextHandle += 4;
   m.handles[handle] = std::move(key);
   return handle;
 }
 
-void markDeleted(Key &key) {
+void markDeleted(Key& key) {
   key.deleted = true;
-  for (auto &sub : key.subkeys)
+  for (auto& sub : key.subkeys)
     markDeleted(*sub);
 }
 
-Status openPath(RegKey handle, const char *subKey, RegKey *result) {
+Status openPath(RegKey handle, const char* subKey, RegKey* result) {
   *result = 0;
   std::shared_ptr<Key> key;
   if (const Status rc = lookUp(handle, &key)) return rc;
@@ -109,7 +109,7 @@ Status openPath(RegKey handle, const char *subKey, RegKey *result) {
     return 0;
   }
   if (*subKey == '\\') return kErrorBadPathname;
-  for (const auto &part : splitPath(subKey)) {
+  for (const auto& part : splitPath(subKey)) {
     key = findSubkey(*key, part);
     if (!key) return kErrorFileNotFound;
   }
@@ -117,15 +117,15 @@ Status openPath(RegKey handle, const char *subKey, RegKey *result) {
   return 0;
 }
 
-Status createPath(RegKey handle, const char *subKey, RegKey *result, Dword *disposition) {
+Status createPath(RegKey handle, const char* subKey, RegKey* result, Dword* disposition) {
   *result = 0;
   std::shared_ptr<Key> key;
   if (const Status rc = lookUp(handle, &key)) return rc;
-  const char *path = subKey ? subKey : "";
+  const char* path = subKey ? subKey : "";
   if (*path == '\\') ++path; // Windows 9x takes one leading backslash as absent
   if (*path == '\\') return kErrorBadPathname;
   Dword disp = 2; // opened an existing key
-  for (const auto &part : splitPath(path)) {
+  for (const auto& part : splitPath(path)) {
     auto next = findSubkey(*key, part);
     if (!next) {
       next = addSubkey(*key, part);
@@ -140,12 +140,12 @@ Status createPath(RegKey handle, const char *subKey, RegKey *result, Dword *disp
 
 } // namespace
 
-Status RegOpenKeyA(RegKey key, const char *subKey, RegKey *result) {
+Status RegOpenKeyA(RegKey key, const char* subKey, RegKey* result) {
   log("RegOpenKeyA " + describe(key) + " " + show(subKey));
   return openPath(key, subKey, result);
 }
 
-Status RegOpenKeyExA(RegKey key, const char *subKey, Dword, Dword, RegKey *result) {
+Status RegOpenKeyExA(RegKey key, const char* subKey, Dword, Dword, RegKey* result) {
   log("RegOpenKeyExA " + describe(key) + " " + show(subKey));
   *result = 0;
   std::shared_ptr<Key> found;
@@ -158,24 +158,24 @@ Status RegOpenKeyExA(RegKey key, const char *subKey, Dword, Dword, RegKey *resul
   return openPath(key, subKey, result);
 }
 
-Status RegCreateKeyA(RegKey key, const char *subKey, RegKey *result) {
+Status RegCreateKeyA(RegKey key, const char* subKey, RegKey* result) {
   log("RegCreateKeyA " + describe(key) + " " + show(subKey));
   return createPath(key, subKey, result, nullptr);
 }
 
-Status RegCreateKeyExA(RegKey key, const char *subKey, Dword, const char *, Dword, Dword, bool,
-                       RegKey *result, Dword *disposition) {
+Status RegCreateKeyExA(RegKey key, const char* subKey, Dword, const char*, Dword, Dword, bool,
+                       RegKey* result, Dword* disposition) {
   log("RegCreateKeyExA " + describe(key) + " " + show(subKey));
   return createPath(key, subKey, result, disposition);
 }
 
-Status RegQueryValueExA(RegKey key, const char *valueName, Dword *type, std::uint8_t *data,
-                        Dword *size) {
+Status RegQueryValueExA(RegKey key, const char* valueName, Dword* type, std::uint8_t* data,
+                        Dword* size) {
   log("RegQueryValueExA " + describe(key) + " " + show(valueName));
   std::shared_ptr<Key> found;
   if (const Status rc = lookUp(key, &found)) return rc;
   if (data && !size) return kErrorInvalidParameter;
-  const Value *value = findValue(*found, valueName ? valueName : "");
+  const Value* value = findValue(*found, valueName ? valueName : "");
   if (!value) return kErrorFileNotFound;
   if (type) *type = value->type;
   const auto length = static_cast<Dword>(value->data.size());
@@ -189,8 +189,8 @@ Status RegQueryValueExA(RegKey key, const char *valueName, Dword *type, std::uin
   return 0;
 }
 
-Status RegSetValueExA(RegKey key, const char *valueName, Dword, Dword type,
-                      const std::uint8_t *data, Dword size) {
+Status RegSetValueExA(RegKey key, const char* valueName, Dword, Dword type,
+                      const std::uint8_t* data, Dword size) {
   log("RegSetValueExA " + describe(key) + " " + show(valueName) + " type " + std::to_string(type) +
       " size " + std::to_string(size));
   std::shared_ptr<Key> found;
@@ -199,14 +199,14 @@ Status RegSetValueExA(RegKey key, const char *valueName, Dword, Dword type,
     // Windows 9x stores a string up to and including its terminator, whatever
     // count it is given.
     if (!data) return kErrorInvalidParameter;
-    size = static_cast<Dword>(std::strlen(reinterpret_cast<const char *>(data)) + 1);
+    size = static_cast<Dword>(std::strlen(reinterpret_cast<const char*>(data)) + 1);
   }
   if (!data && size) return kErrorInvalidParameter;
   const std::string name = valueName ? valueName : "";
-  Value *value = findValue(*found, name);
+  Value* value = findValue(*found, name);
   if (!value) {
     const auto at = std::find_if(found->values.begin(), found->values.end(),
-                                 [&](const Value &v) { return nameLess(name, v.name); });
+                                 [&](const Value& v) { return nameLess(name, v.name); });
     value = &*found->values.insert(at, Value{name, type, {}});
   }
   value->type = type;
@@ -214,24 +214,24 @@ Status RegSetValueExA(RegKey key, const char *valueName, Dword, Dword type,
   return 0;
 }
 
-Status RegEnumKeyA(RegKey key, Dword index, char *name, Dword nameSize) {
+Status RegEnumKeyA(RegKey key, Dword index, char* name, Dword nameSize) {
   log("RegEnumKeyA " + describe(key) + " " + std::to_string(index));
   std::shared_ptr<Key> found;
   if (const Status rc = lookUp(key, &found)) return rc;
   if (index >= found->subkeys.size()) return kErrorNoMoreItems;
-  const std::string &subName = found->subkeys[index]->name;
+  const std::string& subName = found->subkeys[index]->name;
   if (subName.size() + 1 > nameSize) return kErrorMoreData;
   std::memcpy(name, subName.c_str(), subName.size() + 1);
   return 0;
 }
 
-Status RegEnumValueA(RegKey key, Dword index, char *name, Dword *nameSize, Dword *type,
-                     std::uint8_t *data, Dword *dataSize) {
+Status RegEnumValueA(RegKey key, Dword index, char* name, Dword* nameSize, Dword* type,
+                     std::uint8_t* data, Dword* dataSize) {
   log("RegEnumValueA " + describe(key) + " " + std::to_string(index));
   std::shared_ptr<Key> found;
   if (const Status rc = lookUp(key, &found)) return rc;
   if (index >= found->values.size()) return kErrorNoMoreItems;
-  const Value &value = found->values[index];
+  const Value& value = found->values[index];
   if (value.name.size() >= *nameSize) return kErrorMoreData;
   const auto length = static_cast<Dword>(value.data.size());
   if (data && dataSize && *dataSize < length) {
@@ -246,7 +246,7 @@ Status RegEnumValueA(RegKey key, Dword index, char *name, Dword *nameSize, Dword
   return 0;
 }
 
-Status RegDeleteKeyA(RegKey key, const char *subKey) {
+Status RegDeleteKeyA(RegKey key, const char* subKey) {
   log("RegDeleteKeyA " + describe(key) + " " + show(subKey));
   std::shared_ptr<Key> parent;
   if (const Status rc = lookUp(key, &parent)) return rc;
@@ -257,23 +257,23 @@ Status RegDeleteKeyA(RegKey key, const char *subKey) {
     parent = findSubkey(*parent, parts[i]);
     if (!parent) return kErrorFileNotFound;
   }
-  auto &siblings = parent->subkeys;
+  auto& siblings = parent->subkeys;
   const auto it = std::find_if(siblings.begin(), siblings.end(),
-                               [&](const auto &k) { return sameName(k->name, parts.back()); });
+                               [&](const auto& k) { return sameName(k->name, parts.back()); });
   if (it == siblings.end()) return kErrorFileNotFound;
   markDeleted(**it); // Windows 9x deletes the whole subtree
   siblings.erase(it);
   return 0;
 }
 
-Status RegDeleteValueA(RegKey key, const char *valueName) {
+Status RegDeleteValueA(RegKey key, const char* valueName) {
   log("RegDeleteValueA " + describe(key) + " " + show(valueName));
   std::shared_ptr<Key> found;
   if (const Status rc = lookUp(key, &found)) return rc;
   const std::string name = valueName ? valueName : "";
-  auto &values = found->values;
+  auto& values = found->values;
   const auto it = std::find_if(values.begin(), values.end(),
-                               [&](const Value &v) { return sameName(v.name, name); });
+                               [&](const Value& v) { return sameName(v.name, name); });
   if (it == values.end()) return kErrorFileNotFound;
   values.erase(it);
   return 0;
@@ -295,9 +295,9 @@ Status RegCloseKey(RegKey key) {
 namespace sim {
 namespace {
 
-void exportKey(const Key &key, const std::string &path, std::string &out) {
+void exportKey(const Key& key, const std::string& path, std::string& out) {
   out += "[" + path + "]\n";
-  for (const auto &v : key.values) {
+  for (const auto& v : key.values) {
     char head[32];
     std::snprintf(head, sizeof head, "\" type %lu:", static_cast<unsigned long>(v.type));
     out += "\"" + v.name + head;
@@ -308,7 +308,7 @@ void exportKey(const Key &key, const std::string &path, std::string &out) {
     }
     out += "\n";
   }
-  for (const auto &sub : key.subkeys)
+  for (const auto& sub : key.subkeys)
     exportKey(*sub, path + "\\" + sub->name, out);
 }
 
@@ -316,21 +316,21 @@ void exportKey(const Key &key, const std::string &path, std::string &out) {
 
 std::string exportRegistry() {
   std::string out;
-  for (const auto &root : machine().roots)
+  for (const auto& root : machine().roots)
     exportKey(*root, root->name, out);
   return out;
 }
 
-void storeRawValue(RegKey hive, const std::string &path, const std::string &name, Dword type,
-                   const std::vector<std::uint8_t> &data) {
+void storeRawValue(RegKey hive, const std::string& path, const std::string& name, Dword type,
+                   const std::vector<std::uint8_t>& data) {
   RegKey key = 0;
   createPath(hive, path.c_str(), &key, nullptr);
   std::shared_ptr<Key> found;
   if (lookUp(key, &found) == 0) {
-    Value *value = findValue(*found, name);
+    Value* value = findValue(*found, name);
     if (!value) {
       const auto at = std::find_if(found->values.begin(), found->values.end(),
-                                   [&](const Value &v) { return nameLess(name, v.name); });
+                                   [&](const Value& v) { return nameLess(name, v.name); });
       value = &*found->values.insert(at, Value{name, type, {}});
     }
     value->type = type;

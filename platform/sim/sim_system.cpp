@@ -13,8 +13,8 @@ constexpr Status kErrorInsufficientBuffer = 122;
 constexpr Status kErrorNotLoggedOn = 1245;
 } // namespace
 
-bool GetUserNameA(char *buffer, Dword *size) {
-  const auto &name = machine().userName;
+bool GetUserNameA(char* buffer, Dword* size) {
+  const auto& name = machine().userName;
   if (!name) {
     fail(kErrorNotLoggedOn);
     return false;
@@ -30,7 +30,7 @@ bool GetUserNameA(char *buffer, Dword *size) {
   return true;
 }
 
-bool GetVersionExA(VersionInfo *info) {
+bool GetVersionExA(VersionInfo* info) {
   *info = machine().version;
   return true;
 }
@@ -39,7 +39,7 @@ Dword GetTickCount() { return machine().tickCount; }
 
 MemoryStatus GlobalMemoryStatus() { return machine().memory; }
 
-Dword WinExec(const char *commandLine, Dword showCommand) {
+Dword WinExec(const char* commandLine, Dword showCommand) {
   machine().startedCommands.push_back({commandLine ? commandLine : "", showCommand});
   return machine().winExecResult;
 }
@@ -49,8 +49,8 @@ bool ExitWindowsEx(Dword flags, Dword) {
   return true;
 }
 
-int MessageBoxA(const char *text, const char *caption, Dword type) {
-  auto &m = machine();
+int MessageBoxA(const char* text, const char* caption, Dword type) {
+  auto& m = machine();
   int answer = 1;
   if (!m.messageBoxAnswers.empty()) {
     answer = m.messageBoxAnswers.front();

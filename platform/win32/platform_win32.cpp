@@ -13,8 +13,8 @@ RegKey fromHkey(HKEY key) { return reinterpret_cast<RegKey>(key); }
 class FindHandle {
 public:
   explicit FindHandle(HANDLE handle) : handle_(handle) {}
-  FindHandle(const FindHandle &) = delete;
-  FindHandle &operator=(const FindHandle &) = delete;
+  FindHandle(const FindHandle&) = delete;
+  FindHandle& operator=(const FindHandle&) = delete;
   ~FindHandle() {
     if (valid()) ::FindClose(handle_);
   }
@@ -27,44 +27,44 @@ private:
 
 } // namespace
 
-Status RegOpenKeyA(RegKey key, const char *subKey, RegKey *result) {
+Status RegOpenKeyA(RegKey key, const char* subKey, RegKey* result) {
   HKEY opened = nullptr;
   const LONG rc = ::RegOpenKeyA(toHkey(key), subKey, &opened);
   *result = rc == ERROR_SUCCESS ? fromHkey(opened) : 0;
   return rc;
 }
 
-Status RegOpenKeyExA(RegKey key, const char *subKey, Dword options, Dword samDesired,
-                     RegKey *result) {
+Status RegOpenKeyExA(RegKey key, const char* subKey, Dword options, Dword samDesired,
+                     RegKey* result) {
   HKEY opened = nullptr;
   const LONG rc = ::RegOpenKeyExA(toHkey(key), subKey, options, samDesired, &opened);
   *result = rc == ERROR_SUCCESS ? fromHkey(opened) : 0;
   return rc;
 }
 
-Status RegCreateKeyA(RegKey key, const char *subKey, RegKey *result) {
+Status RegCreateKeyA(RegKey key, const char* subKey, RegKey* result) {
   HKEY created = nullptr;
   const LONG rc = ::RegCreateKeyA(toHkey(key), subKey, &created);
   *result = rc == ERROR_SUCCESS ? fromHkey(created) : 0;
   return rc;
 }
 
-Status RegCreateKeyExA(RegKey key, const char *subKey, Dword reserved, const char *className,
-                       Dword options, Dword samDesired, bool securityRecord, RegKey *result,
-                       Dword *disposition) {
+Status RegCreateKeyExA(RegKey key, const char* subKey, Dword reserved, const char* className,
+                       Dword options, Dword samDesired, bool securityRecord, RegKey* result,
+                       Dword* disposition) {
   SECURITY_ATTRIBUTES zeroRecord{}; // three zero words
   HKEY created = nullptr;
   DWORD disp = 0;
   const LONG rc =
-      ::RegCreateKeyExA(toHkey(key), subKey, reserved, const_cast<char *>(className), options,
+      ::RegCreateKeyExA(toHkey(key), subKey, reserved, const_cast<char*>(className), options,
                         samDesired, securityRecord ? &zeroRecord : nullptr, &created, &disp);
   *result = rc == ERROR_SUCCESS ? fromHkey(created) : 0;
   if (disposition) *disposition = disp;
   return rc;
 }
 
-Status RegQueryValueExA(RegKey key, const char *valueName, Dword *type, std::uint8_t *data,
-                        Dword *size) {
+Status RegQueryValueExA(RegKey key, const char* valueName, Dword* type, std::uint8_t* data,
+                        Dword* size) {
   DWORD t = 0;
   DWORD s = size ? *size : 0;
   const LONG rc =
@@ -74,17 +74,17 @@ Status RegQueryValueExA(RegKey key, const char *valueName, Dword *type, std::uin
   return rc;
 }
 
-Status RegSetValueExA(RegKey key, const char *valueName, Dword reserved, Dword type,
-                      const std::uint8_t *data, Dword size) {
+Status RegSetValueExA(RegKey key, const char* valueName, Dword reserved, Dword type,
+                      const std::uint8_t* data, Dword size) {
   return ::RegSetValueExA(toHkey(key), valueName, reserved, type, data, size);
 }
 
-Status RegEnumKeyA(RegKey key, Dword index, char *name, Dword nameSize) {
+Status RegEnumKeyA(RegKey key, Dword index, char* name, Dword nameSize) {
   return ::RegEnumKeyA(toHkey(key), index, name, nameSize);
 }
 
-Status RegEnumValueA(RegKey key, Dword index, char *name, Dword *nameSize, Dword *type,
-                     std::uint8_t *data, Dword *dataSize) {
+Status RegEnumValueA(RegKey key, Dword index, char* name, Dword* nameSize, Dword* type,
+                     std::uint8_t* data, Dword* dataSize) {
   DWORD ns = nameSize ? *nameSize : 0;
   DWORD ds = dataSize ? *dataSize : 0;
   DWORD t = 0;
@@ -96,11 +96,11 @@ Status RegEnumValueA(RegKey key, Dword index, char *name, Dword *nameSize, Dword
   return rc;
 }
 
-Status RegDeleteKeyA(RegKey key, const char *subKey) {
+Status RegDeleteKeyA(RegKey key, const char* subKey) {
   return ::RegDeleteKeyA(toHkey(key), subKey);
 }
 
-Status RegDeleteValueA(RegKey key, const char *valueName) {
+Status RegDeleteValueA(RegKey key, const char* valueName) {
   return ::RegDeleteValueA(toHkey(key), valueName);
 }
 
@@ -108,30 +108,30 @@ Status RegFlushKey(RegKey key) { return ::RegFlushKey(toHkey(key)); }
 
 Status RegCloseKey(RegKey key) { return ::RegCloseKey(toHkey(key)); }
 
-bool GetUserNameA(char *buffer, Dword *size) {
+bool GetUserNameA(char* buffer, Dword* size) {
   DWORD s = *size;
   const BOOL ok = ::GetUserNameA(buffer, &s);
   *size = s;
   return ok != FALSE;
 }
 
-Dword GetPrivateProfileStringA(const char *section, const char *key, const char *defaultValue,
-                               char *buffer, Dword size, const char *fileName) {
+Dword GetPrivateProfileStringA(const char* section, const char* key, const char* defaultValue,
+                               char* buffer, Dword size, const char* fileName) {
   return ::GetPrivateProfileStringA(section, key, defaultValue, buffer, size, fileName);
 }
 
-bool WritePrivateProfileStringA(const char *section, const char *key, const char *value,
-                                const char *fileName) {
+bool WritePrivateProfileStringA(const char* section, const char* key, const char* value,
+                                const char* fileName) {
   return ::WritePrivateProfileStringA(section, key, value, fileName) != FALSE;
 }
 
-Dword GetWindowsDirectoryA(char *buffer, Dword size) {
+Dword GetWindowsDirectoryA(char* buffer, Dword size) {
   return ::GetWindowsDirectoryA(buffer, size);
 }
 
-Dword GetTempPathA(Dword size, char *buffer) { return ::GetTempPathA(size, buffer); }
+Dword GetTempPathA(Dword size, char* buffer) { return ::GetTempPathA(size, buffer); }
 
-bool GetVersionExA(VersionInfo *info) {
+bool GetVersionExA(VersionInfo* info) {
   OSVERSIONINFOA record{};
   record.dwOSVersionInfoSize = sizeof(record); // 148 bytes
   if (!::GetVersionExA(&record)) return false;
@@ -160,29 +160,29 @@ MemoryStatus GlobalMemoryStatus() {
   return figures;
 }
 
-Dword GetFileAttributesA(const char *path) { return ::GetFileAttributesA(path); }
+Dword GetFileAttributesA(const char* path) { return ::GetFileAttributesA(path); }
 
-bool SetFileAttributesA(const char *path, Dword attributes) {
+bool SetFileAttributesA(const char* path, Dword attributes) {
   return ::SetFileAttributesA(path, attributes) != FALSE;
 }
 
-bool CreateDirectoryA(const char *path) { return ::CreateDirectoryA(path, nullptr) != FALSE; }
+bool CreateDirectoryA(const char* path) { return ::CreateDirectoryA(path, nullptr) != FALSE; }
 
-bool RemoveDirectoryA(const char *path) { return ::RemoveDirectoryA(path) != FALSE; }
+bool RemoveDirectoryA(const char* path) { return ::RemoveDirectoryA(path) != FALSE; }
 
-bool DeleteFileA(const char *path) { return ::DeleteFileA(path) != FALSE; }
+bool DeleteFileA(const char* path) { return ::DeleteFileA(path) != FALSE; }
 
-bool CopyFileA(const char *from, const char *to, bool failIfExists) {
+bool CopyFileA(const char* from, const char* to, bool failIfExists) {
   return ::CopyFileA(from, to, failIfExists ? TRUE : FALSE) != FALSE;
 }
 
-Dword GetCurrentDirectoryA(Dword size, char *buffer) {
+Dword GetCurrentDirectoryA(Dword size, char* buffer) {
   return ::GetCurrentDirectoryA(size, buffer);
 }
 
 Status GetLastError() { return static_cast<Status>(::GetLastError()); }
 
-std::vector<FoundFile> FindFiles(const char *pattern) {
+std::vector<FoundFile> FindFiles(const char* pattern) {
   std::vector<FoundFile> found;
   WIN32_FIND_DATAA data{};
   FindHandle handle(::FindFirstFileA(pattern, &data));
@@ -193,7 +193,7 @@ std::vector<FoundFile> FindFiles(const char *pattern) {
   return found;
 }
 
-Dword WinExec(const char *commandLine, Dword showCommand) {
+Dword WinExec(const char* commandLine, Dword showCommand) {
   return ::WinExec(commandLine, showCommand);
 }
 
@@ -201,7 +201,7 @@ bool ExitWindowsEx(Dword flags, Dword reserved) {
   return ::ExitWindowsEx(flags, reserved) != FALSE;
 }
 
-int MessageBoxA(const char *text, const char *caption, Dword type) {
+int MessageBoxA(const char* text, const char* caption, Dword type) {
   return ::MessageBoxA(nullptr, text, caption, type);
 }
 

@@ -20,12 +20,12 @@ constexpr int kCheckMarkWidth = 16; // pixels of a check-mark list's box column
 constexpr int kComboDropHeight = 160;
 
 struct WindowKind {
-  const char *className;
+  const char* className;
   DWORD style;
   DWORD exStyle;
 };
 
-WindowKind windowKindOf(const Control &control) {
+WindowKind windowKindOf(const Control& control) {
   constexpr DWORD child = WS_CHILD | WS_CLIPSIBLINGS;
   switch (control.kind()) {
   case ControlKind::Form:
@@ -33,15 +33,15 @@ WindowKind windowKindOf(const Control &control) {
             0};
   case ControlKind::Label:
     return {"TL99Label", child,
-            static_cast<const Label &>(control).transparent() ? DWORD{WS_EX_TRANSPARENT} : 0};
+            static_cast<const Label&>(control).transparent() ? DWORD{WS_EX_TRANSPARENT} : 0};
   case ControlKind::TextBox: return {"EDIT", child | WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE};
   case ControlKind::CheckBox: return {"BUTTON", child | WS_TABSTOP | BS_CHECKBOX, 0};
   case ControlKind::OptionButton: return {"BUTTON", child | WS_TABSTOP | BS_RADIOBUTTON, 0};
   case ControlKind::CommandButton:
     return {"BUTTON",
             child | WS_TABSTOP |
-                (static_cast<const CommandButton &>(control).isDefault() ? BS_DEFPUSHBUTTON
-                                                                         : BS_PUSHBUTTON),
+                (static_cast<const CommandButton&>(control).isDefault() ? BS_DEFPUSHBUTTON
+                                                                        : BS_PUSHBUTTON),
             0};
   case ControlKind::PictureBox:
   case ControlKind::Image: return {"TL99Picture", child | WS_CLIPCHILDREN, 0};
@@ -51,7 +51,7 @@ WindowKind windowKindOf(const Control &control) {
   case ControlKind::ListBox:
     return {"LISTBOX",
             child | WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT |
-                (static_cast<const ListBox &>(control).hasCheckMarks()
+                (static_cast<const ListBox&>(control).hasCheckMarks()
                      ? DWORD{LBS_OWNERDRAWFIXED | LBS_HASSTRINGS}
                      : 0),
             WS_EX_CLIENTEDGE};
@@ -67,8 +67,8 @@ WindowKind windowKindOf(const Control &control) {
   return {nullptr, 0, 0};
 }
 
-bool isOwnClass(const Control &control) {
-  const char *name = windowKindOf(control).className;
+bool isOwnClass(const Control& control) {
+  const char* name = windowKindOf(control).className;
   return name && std::string(name).rfind("TL99", 0) == 0;
 }
 
@@ -90,24 +90,24 @@ std::string windowText(HWND window) {
   return text;
 }
 
-const std::string *captionOf(const Control &control) {
+const std::string* captionOf(const Control& control) {
   switch (control.kind()) {
-  case ControlKind::Form: return &static_cast<const Form &>(control).caption();
-  case ControlKind::Label: return &static_cast<const Label &>(control).caption();
-  case ControlKind::CheckBox: return &static_cast<const CheckBox &>(control).caption();
-  case ControlKind::OptionButton: return &static_cast<const OptionButton &>(control).caption();
-  case ControlKind::CommandButton: return &static_cast<const CommandButton &>(control).caption();
-  case ControlKind::Frame: return &static_cast<const Frame &>(control).caption();
-  case ControlKind::TextBox: return &static_cast<const TextBox &>(control).text();
+  case ControlKind::Form: return &static_cast<const Form&>(control).caption();
+  case ControlKind::Label: return &static_cast<const Label&>(control).caption();
+  case ControlKind::CheckBox: return &static_cast<const CheckBox&>(control).caption();
+  case ControlKind::OptionButton: return &static_cast<const OptionButton&>(control).caption();
+  case ControlKind::CommandButton: return &static_cast<const CommandButton&>(control).caption();
+  case ControlKind::Frame: return &static_cast<const Frame&>(control).caption();
+  case ControlKind::TextBox: return &static_cast<const TextBox&>(control).text();
   default: return nullptr;
   }
 }
 
-void fillWith(HDC dc, const RECT &rect, HBRUSH brush) { ::FillRect(dc, &rect, brush); }
+void fillWith(HDC dc, const RECT& rect, HBRUSH brush) { ::FillRect(dc, &rect, brush); }
 
 } // namespace
 
-ControlWindow::ControlWindow(Presenter &presenter, Control &control, HWND parent)
+ControlWindow::ControlWindow(Presenter& presenter, Control& control, HWND parent)
     : presenter_(presenter), control_(control) {
   control_.attachView(this);
   create(parent);
@@ -121,8 +121,8 @@ ControlWindow::~ControlWindow() {
   }
 }
 
-ControlWindow *ControlWindow::of(HWND window) {
-  return static_cast<ControlWindow *>(::GetPropA(window, kViewProperty));
+ControlWindow* ControlWindow::of(HWND window) {
+  return static_cast<ControlWindow*>(::GetPropA(window, kViewProperty));
 }
 
 void ControlWindow::create(HWND parent) {
@@ -174,15 +174,15 @@ POINT ControlWindow::childOrigin() const {
 
 void ControlWindow::applyGeometry() {
   if (!hwnd_) return;
-  const Bounds &b = control_.bounds();
+  const Bounds& b = control_.bounds();
   if (control_.kind() == ControlKind::Form) {
     ::SetWindowPos(hwnd_, nullptr, toPixels(b.left), toPixels(b.top), toPixels(b.width),
                    toPixels(b.height), SWP_NOZORDER | SWP_NOACTIVATE);
     return;
   }
   POINT origin{0, 0};
-  if (Control *container = control_.container())
-    if (auto *parent = static_cast<ControlWindow *>(container->view()))
+  if (Control* container = control_.container())
+    if (auto* parent = static_cast<ControlWindow*>(container->view()))
       origin = parent->childOrigin();
   int height = toPixels(b.height);
   if (control_.kind() == ControlKind::ComboBox) height += kComboDropHeight;
@@ -193,11 +193,11 @@ void ControlWindow::applyGeometry() {
 void ControlWindow::applyVisibility() {
   if (!hwnd_) return;
   bool visible = control_.visible();
-  if (Control *container = control_.container())
+  if (Control* container = control_.container())
     if (container->kind() == ControlKind::TabStrip)
-      visible = visible && static_cast<TabStrip *>(container)->tab() == control_.containerTab();
+      visible = visible && static_cast<TabStrip*>(container)->tab() == control_.containerTab();
   if (control_.kind() == ControlKind::Form) {
-    const auto &form = static_cast<Form &>(control_);
+    const auto& form = static_cast<Form&>(control_);
     ::ShowWindow(hwnd_, !visible ? SW_HIDE : form.windowState() == 1 ? SW_MINIMIZE : SW_SHOW);
     if (visible) ::UpdateWindow(hwnd_);
     return;
@@ -206,7 +206,7 @@ void ControlWindow::applyVisibility() {
 }
 
 void ControlWindow::applyText() {
-  const std::string *text = captionOf(control_);
+  const std::string* text = captionOf(control_);
   if (!text || !hwnd_) return;
   if (windowText(hwnd_) == *text) return; // keeps an edit's caret where it is
   const bool wasUpdating = updating_;
@@ -221,28 +221,28 @@ void ControlWindow::applyValue() {
   switch (control_.kind()) {
   case ControlKind::CheckBox:
     ::SendMessageA(hwnd_, BM_SETCHECK,
-                   static_cast<WPARAM>(static_cast<CheckBox &>(control_).value()), 0);
+                   static_cast<WPARAM>(static_cast<CheckBox&>(control_).value()), 0);
     break;
   case ControlKind::OptionButton:
     ::SendMessageA(hwnd_, BM_SETCHECK,
-                   static_cast<OptionButton &>(control_).value() ? BST_CHECKED : BST_UNCHECKED, 0);
+                   static_cast<OptionButton&>(control_).value() ? BST_CHECKED : BST_UNCHECKED, 0);
     break;
   case ControlKind::ComboBox:
     ::SendMessageA(hwnd_, CB_SETCURSEL,
-                   static_cast<WPARAM>(static_cast<ListControl &>(control_).listIndex()), 0);
+                   static_cast<WPARAM>(static_cast<ListControl&>(control_).listIndex()), 0);
     break;
   case ControlKind::ListBox:
   case ControlKind::FileListBox:
     ::SendMessageA(hwnd_, LB_SETCURSEL,
-                   static_cast<WPARAM>(static_cast<ListControl &>(control_).listIndex()), 0);
+                   static_cast<WPARAM>(static_cast<ListControl&>(control_).listIndex()), 0);
     ::InvalidateRect(hwnd_, nullptr, FALSE);
     break;
   case ControlKind::SpinControl:
-    ::SendMessageA(hwnd_, UDM_SETPOS, 0, MAKELONG(static_cast<SpinControl &>(control_).value(), 0));
+    ::SendMessageA(hwnd_, UDM_SETPOS, 0, MAKELONG(static_cast<SpinControl&>(control_).value(), 0));
     break;
   case ControlKind::TabStrip:
     ::SendMessageA(hwnd_, TCM_SETCURSEL,
-                   static_cast<WPARAM>(static_cast<TabStrip &>(control_).tab()), 0);
+                   static_cast<WPARAM>(static_cast<TabStrip&>(control_).tab()), 0);
     break;
   default: break;
   }
@@ -253,7 +253,7 @@ void ControlWindow::applyList() {
   if (!hwnd_ || !(combo || control_.kind() == ControlKind::ListBox ||
                   control_.kind() == ControlKind::FileListBox))
     return;
-  auto &list = static_cast<ListControl &>(control_);
+  auto& list = static_cast<ListControl&>(control_);
   ::SendMessageA(hwnd_, combo ? CB_RESETCONTENT : LB_RESETCONTENT, 0, 0);
   for (int i = 0; i < list.listCount(); ++i)
     ::SendMessageA(hwnd_, combo ? CB_ADDSTRING : LB_ADDSTRING, 0,
@@ -263,7 +263,7 @@ void ControlWindow::applyList() {
 
 void ControlWindow::applyTabs() {
   if (!hwnd_ || control_.kind() != ControlKind::TabStrip) return;
-  auto &tabs = static_cast<TabStrip &>(control_);
+  auto& tabs = static_cast<TabStrip&>(control_);
   ::SendMessageA(hwnd_, TCM_DELETEALLITEMS, 0, 0);
   for (int i = 0; i < tabs.tabs(); ++i) {
     TCITEMA item{};
@@ -279,20 +279,20 @@ void ControlWindow::applyTabs() {
   const int height = tabs.tabHeight() > 0 ? toPixels(tabs.tabHeight()) : 0;
   ::SendMessageA(hwnd_, TCM_SETITEMSIZE, 0, MAKELPARAM(width, height));
   ::SendMessageA(hwnd_, TCM_SETCURSEL, static_cast<WPARAM>(tabs.tab()), 0);
-  for (Control *child : control_.children())
-    if (auto *window = static_cast<ControlWindow *>(child->view())) window->applyGeometry();
+  for (Control* child : control_.children())
+    if (auto* window = static_cast<ControlWindow*>(child->view())) window->applyGeometry();
 }
 
 void ControlWindow::applyRange() {
   if (!hwnd_ || control_.kind() != ControlKind::SpinControl) return;
-  auto &spin = static_cast<SpinControl &>(control_);
+  auto& spin = static_cast<SpinControl&>(control_);
   ::SendMessageA(hwnd_, UDM_SETRANGE, 0, MAKELONG(spin.max(), spin.min()));
 }
 
 void ControlWindow::changed(Property property) {
   if (control_.kind() == ControlKind::Timer) {
-    auto &timer = static_cast<Timer &>(control_);
-    auto *form = static_cast<ControlWindow *>(control_.form().view());
+    auto& timer = static_cast<Timer&>(control_);
+    auto* form = static_cast<ControlWindow*>(control_.form().view());
     const HWND owner = form ? form->hwnd() : nullptr;
     presenter_.stopTimer(timer, owner);
     if (timer.running()) presenter_.startTimer(timer, owner);
@@ -319,8 +319,8 @@ void ControlWindow::changed(Property property) {
     if (control_.hasFocus()) ::SetFocus(hwnd_);
     break;
   case Property::Region:
-    if (const WindowRegion *spec = static_cast<Form &>(control_).region()) {
-      auto shape = [](const RegionShape &s) {
+    if (const WindowRegion* spec = static_cast<Form&>(control_).region()) {
+      auto shape = [](const RegionShape& s) {
         return Region(s.kind == RegionShape::Kind::Rect
                           ? ::CreateRectRgn(s.left, s.top, s.right, s.bottom)
                           : ::CreateRoundRectRgn(s.left, s.top, s.right, s.bottom, s.cornerWidth,
@@ -342,7 +342,10 @@ void ControlWindow::changed(Property property) {
   case Property::ItemCheck:
   case Property::Picture:
   case Property::Colors:
-  case Property::Drawing: ::InvalidateRect(hwnd_, nullptr, TRUE); break;
+  case Property::Drawing:
+    ::InvalidateRect(hwnd_, nullptr, TRUE);
+    if (control_.kind() == ControlKind::Form) ::UpdateWindow(hwnd_);
+    break;
   case Property::Visible:
   case Property::WindowState: break;
   case Property::Timer: break;
@@ -350,8 +353,8 @@ void ControlWindow::changed(Property property) {
   updating_ = false;
   if (property == Property::Visible || property == Property::WindowState) applyVisibility();
   if (property == Property::Tab)
-    for (Control *child : control_.children())
-      if (auto *window = static_cast<ControlWindow *>(child->view())) window->applyVisibility();
+    for (Control* child : control_.children())
+      if (auto* window = static_cast<ControlWindow*>(child->view())) window->applyVisibility();
 }
 
 LRESULT ControlWindow::callOriginal(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -365,7 +368,7 @@ void ControlWindow::mouseEvent(UINT message, WPARAM wParam, LPARAM lParam) {
   const int button = mouseButtons(wParam);
   const int shift = shiftState(wParam);
   const bool host = control_.kind() == ControlKind::UserControlHost;
-  auto &userControl = static_cast<UserControlHost &>(control_);
+  auto& userControl = static_cast<UserControlHost&>(control_);
   switch (message) {
   case WM_MOUSEMOVE:
     if (host)
@@ -402,12 +405,12 @@ void ControlWindow::paint() {
   RECT client;
   ::GetClientRect(hwnd_, &client);
   const bool transparent =
-      control_.kind() == ControlKind::Label && static_cast<Label &>(control_).transparent();
+      control_.kind() == ControlKind::Label && static_cast<Label&>(control_).transparent();
   if (!transparent) fillWith(dc, client, presenter_.brush(control_.backColor()));
   const HGDIOBJ oldFont = ::SelectObject(dc, presenter_.font(control_.font()));
   ::SetBkMode(dc, TRANSPARENT);
   ::SetTextColor(dc, Presenter::colorOf(control_.foreColor()));
-  auto drawPicture = [&](const Picture &picture, int x, int y) {
+  auto drawPicture = [&](const Picture& picture, int x, int y) {
     if (const HBITMAP bitmap = presenter_.picture(picture)) {
       BITMAP info{};
       ::GetObjectA(bitmap, sizeof info, &info);
@@ -416,11 +419,11 @@ void ControlWindow::paint() {
     }
   };
   switch (control_.kind()) {
-  case ControlKind::Form: drawPicture(static_cast<Form &>(control_).picture(), 0, 0); break;
+  case ControlKind::Form: drawPicture(static_cast<Form&>(control_).picture(), 0, 0); break;
   case ControlKind::PictureBox:
-  case ControlKind::Image: drawPicture(static_cast<PictureBox &>(control_).picture(), 0, 0); break;
+  case ControlKind::Image: drawPicture(static_cast<PictureBox&>(control_).picture(), 0, 0); break;
   case ControlKind::Label: {
-    const auto &label = static_cast<Label &>(control_);
+    const auto& label = static_cast<Label&>(control_);
     const UINT align = label.alignment() == 1   ? DT_RIGHT
                        : label.alignment() == 2 ? DT_CENTER
                                                 : DT_LEFT;
@@ -429,7 +432,7 @@ void ControlWindow::paint() {
     break;
   }
   case ControlKind::Frame: {
-    const auto &frame = static_cast<Frame &>(control_);
+    const auto& frame = static_cast<Frame&>(control_);
     if (!frame.bordered()) break;
     TEXTMETRICA metrics{};
     ::GetTextMetricsA(dc, &metrics);
@@ -445,9 +448,9 @@ void ControlWindow::paint() {
     break;
   }
   case ControlKind::UserControlHost: {
-    auto *behavior = static_cast<UserControlHost &>(control_).behavior();
+    auto* behavior = static_cast<UserControlHost&>(control_).behavior();
     if (!behavior) break;
-    for (const DrawStep &step : behavior->draw()) {
+    for (const DrawStep& step : behavior->draw()) {
       RECT rect{toPixels(step.left), toPixels(step.top), toPixels(step.right),
                 toPixels(step.bottom)};
       switch (step.kind) {
@@ -480,9 +483,9 @@ HBRUSH ControlWindow::colorControl(HDC dc) {
   return presenter_.brush(control_.backColor());
 }
 
-void ControlWindow::drawListItem(const DRAWITEMSTRUCT &item) {
+void ControlWindow::drawListItem(const DRAWITEMSTRUCT& item) {
   if (item.itemID == static_cast<UINT>(-1)) return;
-  auto &list = static_cast<ListBox &>(control_);
+  auto& list = static_cast<ListBox&>(control_);
   const int index = static_cast<int>(item.itemID);
   if (index >= list.listCount()) return;
   const bool selected = (item.itemState & ODS_SELECTED) != 0;
@@ -511,19 +514,19 @@ bool ControlWindow::commandFromSelf(WORD code) {
     return true;
   case ControlKind::TextBox:
     if (code != EN_CHANGE) return false;
-    static_cast<TextBox &>(control_).userSetText(windowText(hwnd_));
+    static_cast<TextBox&>(control_).userSetText(windowText(hwnd_));
     applyText();
     return true;
   case ControlKind::ComboBox:
     if (code != CBN_SELCHANGE) return false;
-    static_cast<ListControl &>(control_).userSelect(
+    static_cast<ListControl&>(control_).userSelect(
         static_cast<int>(::SendMessageA(hwnd_, CB_GETCURSEL, 0, 0)));
     applyValue();
     return true;
   case ControlKind::ListBox:
   case ControlKind::FileListBox:
     if (code != LBN_SELCHANGE) return false;
-    static_cast<ListControl &>(control_).userSelect(
+    static_cast<ListControl&>(control_).userSelect(
         static_cast<int>(::SendMessageA(hwnd_, LB_GETCURSEL, 0, 0)));
     applyValue();
     return true;
@@ -531,10 +534,10 @@ bool ControlWindow::commandFromSelf(WORD code) {
   }
 }
 
-bool ControlWindow::notifyFromSelf(NMHDR *header, LRESULT &result) {
+bool ControlWindow::notifyFromSelf(NMHDR* header, LRESULT& result) {
   if (control_.kind() == ControlKind::TabStrip &&
       header->code == static_cast<UINT>(TCN_SELCHANGE)) {
-    static_cast<TabStrip &>(control_).userSelectTab(
+    static_cast<TabStrip&>(control_).userSelectTab(
         static_cast<int>(::SendMessageA(hwnd_, TCM_GETCURSEL, 0, 0)));
     applyValue();
     result = 0;
@@ -542,8 +545,8 @@ bool ControlWindow::notifyFromSelf(NMHDR *header, LRESULT &result) {
   }
   if (control_.kind() == ControlKind::SpinControl &&
       header->code == static_cast<UINT>(UDN_DELTAPOS)) {
-    auto *change = reinterpret_cast<NMUPDOWN *>(header);
-    auto &spin = static_cast<SpinControl &>(control_);
+    auto* change = reinterpret_cast<NMUPDOWN*>(header);
+    auto& spin = static_cast<SpinControl&>(control_);
     if (change->iDelta > 0)
       spin.userUp();
     else if (change->iDelta < 0)
@@ -555,7 +558,7 @@ bool ControlWindow::notifyFromSelf(NMHDR *header, LRESULT &result) {
   return false;
 }
 
-bool ControlWindow::childMessage(UINT message, WPARAM wParam, LPARAM, LRESULT &result) {
+bool ControlWindow::childMessage(UINT message, WPARAM wParam, LPARAM, LRESULT& result) {
   switch (message) {
   case WM_COMMAND: return commandFromSelf(HIWORD(wParam));
   case WM_CTLCOLORSTATIC:
@@ -568,7 +571,7 @@ bool ControlWindow::childMessage(UINT message, WPARAM wParam, LPARAM, LRESULT &r
   }
 }
 
-LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool &handled) {
+LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool& handled) {
   const bool own = isOwnClass(control_);
   switch (message) {
   case WM_NCDESTROY:
@@ -578,7 +581,12 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool &
     if (!own) break;
     paint();
     handled = true;
-    if (control_.kind() == ControlKind::Form) static_cast<Form &>(control_).userPaint();
+    // A repaint asked for by the Paint event itself raises no second event.
+    if (control_.kind() == ControlKind::Form && !painting_) {
+      painting_ = true;
+      static_cast<Form&>(control_).userPaint();
+      painting_ = false;
+    }
     return 0;
   case WM_ERASEBKGND:
     if (!own) break;
@@ -588,11 +596,11 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool &
   case WM_LBUTTONUP: mouseEvent(message, wParam, lParam); break;
   case WM_LBUTTONDOWN:
     if (control_.kind() == ControlKind::ListBox &&
-        static_cast<ListBox &>(control_).hasCheckMarks() &&
+        static_cast<ListBox&>(control_).hasCheckMarks() &&
         static_cast<short>(LOWORD(lParam)) < kCheckMarkWidth) {
       const LRESULT hit = ::SendMessageA(hwnd_, LB_ITEMFROMPOINT, 0, lParam);
       if (HIWORD(hit) == 0) {
-        static_cast<ListBox &>(control_).userToggleCheck(LOWORD(hit));
+        static_cast<ListBox&>(control_).userToggleCheck(LOWORD(hit));
         applyValue();
         handled = true;
         return 0;
@@ -602,7 +610,7 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool &
     break;
   case WM_CHAR:
     if (control_.kind() == ControlKind::TextBox) {
-      const int key = static_cast<TextBox &>(control_).userFilterKey(static_cast<int>(wParam));
+      const int key = static_cast<TextBox&>(control_).userFilterKey(static_cast<int>(wParam));
       if (key == 0) {
         handled = true;
         return 0;
@@ -610,8 +618,8 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool &
       return callOriginal(message, static_cast<WPARAM>(key), lParam);
     }
     if (control_.kind() == ControlKind::ListBox && wParam == ' ' &&
-        static_cast<ListBox &>(control_).hasCheckMarks()) {
-      auto &list = static_cast<ListBox &>(control_);
+        static_cast<ListBox&>(control_).hasCheckMarks()) {
+      auto& list = static_cast<ListBox&>(control_);
       const int current = static_cast<int>(::SendMessageA(hwnd_, LB_GETCURSEL, 0, 0));
       if (current >= 0) list.userToggleCheck(current);
       applyValue();
@@ -622,16 +630,16 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool &
   case LB_GETSEL:
     // A check-mark list answers with the item's check mark.
     if (control_.kind() == ControlKind::ListBox &&
-        static_cast<ListBox &>(control_).hasCheckMarks()) {
-      auto &list = static_cast<ListBox &>(control_);
+        static_cast<ListBox&>(control_).hasCheckMarks()) {
+      auto& list = static_cast<ListBox&>(control_);
       const int index = static_cast<int>(wParam);
       handled = true;
       return index >= 0 && index < list.listCount() && list.selected(index) ? 1 : 0;
     }
     break;
   case WM_NOTIFY:
-    if (auto *header = reinterpret_cast<NMHDR *>(lParam)) {
-      if (auto *child = ControlWindow::of(header->hwndFrom)) {
+    if (auto* header = reinterpret_cast<NMHDR*>(lParam)) {
+      if (auto* child = ControlWindow::of(header->hwndFrom)) {
         LRESULT result = 0;
         if (child->notifyFromSelf(header, result)) {
           handled = true;
@@ -641,8 +649,8 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool &
     }
     break;
   case WM_DRAWITEM:
-    if (auto *item = reinterpret_cast<DRAWITEMSTRUCT *>(lParam)) {
-      if (auto *child = ControlWindow::of(item->hwndItem)) {
+    if (auto* item = reinterpret_cast<DRAWITEMSTRUCT*>(lParam)) {
+      if (auto* child = ControlWindow::of(item->hwndItem)) {
         child->drawListItem(*item);
         handled = true;
         return TRUE;
@@ -650,7 +658,7 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool &
     }
     break;
   case WM_MEASUREITEM:
-    if (auto *item = reinterpret_cast<MEASUREITEMSTRUCT *>(lParam);
+    if (auto* item = reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
         item && item->CtlType == ODT_LISTBOX) {
       item->itemHeight = kCheckMarkWidth;
       handled = true;
@@ -666,10 +674,10 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool &
     break;
   case WM_CLOSE:
     if (control_.kind() == ControlKind::Form) {
-      auto &form = static_cast<Form &>(control_);
+      auto& form = static_cast<Form&>(control_);
       Application::instance().runEvent([&] { form.unload(); });
       bool anyLoaded = false;
-      for (Form *f : Application::instance().forms())
+      for (Form* f : Application::instance().forms())
         anyLoaded = anyLoaded || f->loaded();
       if (!anyLoaded) Application::instance().end();
       handled = true;

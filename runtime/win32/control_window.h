@@ -16,20 +16,20 @@ class Presenter;
 
 class ControlWindow : public ControlView {
 public:
-  ControlWindow(Presenter &presenter, Control &control, HWND parent);
-  ControlWindow(const ControlWindow &) = delete;
-  ControlWindow &operator=(const ControlWindow &) = delete;
+  ControlWindow(Presenter& presenter, Control& control, HWND parent);
+  ControlWindow(const ControlWindow&) = delete;
+  ControlWindow& operator=(const ControlWindow&) = delete;
   ~ControlWindow() override;
 
   HWND hwnd() const { return hwnd_; }
-  Control &control() const { return control_; }
+  Control& control() const { return control_; }
   void changed(Property property) override;
 
   // Messages the window gets itself. Sets `handled` when no default
   // processing is wanted.
-  LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam, bool &handled);
+  LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam, bool& handled);
   // Notifications a child control sends to this window as its parent.
-  bool childMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT &result);
+  bool childMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
   // Default processing: the subclassed window's own procedure, or DefWindowProc.
   LRESULT callOriginal(UINT message, WPARAM wParam, LPARAM lParam);
 
@@ -37,7 +37,7 @@ public:
   // design position inside it.
   POINT childOrigin() const;
 
-  static ControlWindow *of(HWND window);
+  static ControlWindow* of(HWND window);
   // Takes the handle from the window's first message, before CreateWindowEx
   // has returned it.
   void bind(HWND window) {
@@ -58,17 +58,18 @@ private:
   void paint();
   void mouseEvent(UINT message, WPARAM wParam, LPARAM lParam);
   bool commandFromSelf(WORD code);
-  bool notifyFromSelf(NMHDR *header, LRESULT &result);
+  bool notifyFromSelf(NMHDR* header, LRESULT& result);
   HBRUSH colorControl(HDC dc);
-  void drawListItem(const DRAWITEMSTRUCT &item);
+  void drawListItem(const DRAWITEMSTRUCT& item);
 
-  Presenter &presenter_;
-  Control &control_;
+  Presenter& presenter_;
+  Control& control_;
   HWND hwnd_ = nullptr;
   WNDPROC originalProc_ = nullptr;
   std::unique_ptr<NameTag> name_;
   bool updating_ = false; // the window is being set from the control
   bool pressed_ = false;  // the left button went down on this window
+  bool painting_ = false; // the form's Paint event is running
 };
 
 } // namespace runtime::win32

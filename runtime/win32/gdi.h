@@ -14,10 +14,10 @@ template <class Handle> class GdiObject {
 public:
   GdiObject() = default;
   explicit GdiObject(Handle handle) : handle_(handle) {}
-  GdiObject(const GdiObject &) = delete;
-  GdiObject &operator=(const GdiObject &) = delete;
-  GdiObject(GdiObject &&other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
-  GdiObject &operator=(GdiObject &&other) noexcept {
+  GdiObject(const GdiObject&) = delete;
+  GdiObject& operator=(const GdiObject&) = delete;
+  GdiObject(GdiObject&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
+  GdiObject& operator=(GdiObject&& other) noexcept {
     if (this != &other) reset(std::exchange(other.handle_, nullptr));
     return *this;
   }
@@ -46,8 +46,8 @@ class MemoryDc {
 public:
   MemoryDc(HDC compatible, HBITMAP bitmap)
       : dc_(::CreateCompatibleDC(compatible)), old_(::SelectObject(dc_, bitmap)) {}
-  MemoryDc(const MemoryDc &) = delete;
-  MemoryDc &operator=(const MemoryDc &) = delete;
+  MemoryDc(const MemoryDc&) = delete;
+  MemoryDc& operator=(const MemoryDc&) = delete;
   ~MemoryDc() {
     ::SelectObject(dc_, old_);
     ::DeleteDC(dc_);
@@ -63,8 +63,8 @@ private:
 class PaintScope {
 public:
   explicit PaintScope(HWND window) : window_(window) { dc_ = ::BeginPaint(window, &paint_); }
-  PaintScope(const PaintScope &) = delete;
-  PaintScope &operator=(const PaintScope &) = delete;
+  PaintScope(const PaintScope&) = delete;
+  PaintScope& operator=(const PaintScope&) = delete;
   ~PaintScope() { ::EndPaint(window_, &paint_); }
   HDC dc() const { return dc_; }
 
@@ -79,8 +79,8 @@ class ImageListHandle {
 public:
   ImageListHandle() = default;
   explicit ImageListHandle(HIMAGELIST list) : list_(list) {}
-  ImageListHandle(const ImageListHandle &) = delete;
-  ImageListHandle &operator=(const ImageListHandle &) = delete;
+  ImageListHandle(const ImageListHandle&) = delete;
+  ImageListHandle& operator=(const ImageListHandle&) = delete;
   ~ImageListHandle();
   HIMAGELIST get() const { return list_; }
   void reset(HIMAGELIST list);

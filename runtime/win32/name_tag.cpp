@@ -2,7 +2,7 @@
 
 namespace runtime::win32 {
 
-NameTag::NameTag(HWND window, const std::string &designName)
+NameTag::NameTag(HWND window, const std::string& designName)
     : window_(window), atom_(::GlobalAddAtomA(designName.c_str())) {
   ::SetPropA(window_, kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(atom_)));
 }

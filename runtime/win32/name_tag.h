@@ -14,9 +14,9 @@ inline constexpr char kNameProperty[] = "TL99.Name";
 
 class NameTag {
 public:
-  NameTag(HWND window, const std::string &designName);
-  NameTag(const NameTag &) = delete;
-  NameTag &operator=(const NameTag &) = delete;
+  NameTag(HWND window, const std::string& designName);
+  NameTag(const NameTag&) = delete;
+  NameTag& operator=(const NameTag&) = delete;
   ~NameTag();
 
 private:

@@ -27,12 +27,12 @@ HWND senderOf(UINT message, LPARAM lParam) {
   }
 }
 
-std::string fontKey(const Font &font) {
+std::string fontKey(const Font& font) {
   return font.name + "/" + std::to_string(font.size) + (font.bold ? "/b" : "");
 }
 
 // "tab0.bmp" and "TAB0" name the same bitmap resource.
-std::string resourceName(const std::string &picture) {
+std::string resourceName(const std::string& picture) {
   std::string name = picture.substr(0, picture.find('.'));
   ::CharUpperBuffA(name.data(), static_cast<DWORD>(name.size()));
   return name;
@@ -54,17 +54,29 @@ Presenter::Presenter(HINSTANCE instance) : instance_(instance) {
   registerClasses();
   tabImages_.reset(::ImageList_Create(kTabImageSize, kTabImageSize, ILC_COLOR8 | ILC_MASK, 20, 4));
   Application::instance().onEnd = [] { ::PostQuitMessage(0); };
+  Application::instance().pumpEvents = [this] {
+    MSG message;
+    while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+      if (message.message == WM_QUIT) {
+        ::PostQuitMessage(static_cast<int>(message.wParam));
+        return;
+      }
+      if (preTranslate(message)) continue;
+      ::TranslateMessage(&message);
+      ::DispatchMessageA(&message);
+    }
+  };
 }
 
 Presenter::~Presenter() {
-  for (Form *form : Application::instance().forms())
-    if (auto *window = static_cast<ControlWindow *>(form->view()); window && window->hwnd())
+  for (Form* form : Application::instance().forms())
+    if (auto* window = static_cast<ControlWindow*>(form->view()); window && window->hwnd())
       ::DestroyWindow(window->hwnd());
   windows_.clear();
 }
 
 void Presenter::registerClasses() {
-  for (const char *name :
+  for (const char* name :
        {"TL99Form", "TL99Label", "TL99Picture", "TL99Frame", "TL99UserControl"}) {
     WNDCLASSA windowClass{};
     windowClass.style = CS_DBLCLKS;
@@ -77,22 +89,22 @@ void Presenter::registerClasses() {
   }
 }
 
-void Presenter::present(Form &form) { createTree(form, nullptr); }
+void Presenter::present(Form& form) { createTree(form, nullptr); }
 
-void Presenter::createTree(Control &control, HWND parent) {
+void Presenter::createTree(Control& control, HWND parent) {
   auto window = std::make_unique<ControlWindow>(*this, control, parent);
   const HWND hwnd = window->hwnd();
   windows_.push_back(std::move(window));
-  for (Control *child : control.children())
+  for (Control* child : control.children())
     createTree(*child, hwnd ? hwnd : parent);
   if (control.kind() == ControlKind::Timer) {
-    auto &timer = static_cast<Timer &>(control);
+    auto& timer = static_cast<Timer&>(control);
     if (timer.running()) startTimer(timer, parent);
   }
 }
 
-HFONT Presenter::font(const Font &font) {
-  auto &handle = fonts_[fontKey(font)];
+HFONT Presenter::font(const Font& font) {
+  auto& handle = fonts_[fontKey(font)];
   if (!handle) {
     const HDC screen = ::GetDC(nullptr);
     const int height = -::MulDiv(font.size, ::GetDeviceCaps(screen, LOGPIXELSY), 72);
@@ -111,21 +123,21 @@ COLORREF Presenter::colorOf(std::uint32_t color) {
 
 HBRUSH Presenter::brush(std::uint32_t color) {
   if (color & kSystemColor) return ::GetSysColorBrush(static_cast<int>(color & 0xFF));
-  auto &handle = brushes_[color];
+  auto& handle = brushes_[color];
   if (!handle) handle.reset(::CreateSolidBrush(colorOf(color)));
   return handle.get();
 }
 
-HBITMAP Presenter::picture(const Picture &picture) {
+HBITMAP Presenter::picture(const Picture& picture) {
   if (picture.empty()) return nullptr;
-  auto &handle = pictures_[picture.resource];
+  auto& handle = pictures_[picture.resource];
   if (!handle)
     handle.reset(static_cast<HBITMAP>(
         ::LoadImageA(instance_, resourceName(picture.resource).c_str(), IMAGE_BITMAP, 0, 0, 0)));
   return handle.get();
 }
 
-int Presenter::tabImageIndex(const Picture &picture) {
+int Presenter::tabImageIndex(const Picture& picture) {
   const auto found = tabImageIndexes_.find(picture.resource);
   if (found != tabImageIndexes_.end()) return found->second;
   int index = -1;
@@ -135,15 +147,15 @@ int Presenter::tabImageIndex(const Picture &picture) {
   return index;
 }
 
-void Presenter::startTimer(Timer &timer, HWND owner) {
+void Presenter::startTimer(Timer& timer, HWND owner) {
   if (!owner) return;
-  auto &id = timerIds_[&timer];
+  auto& id = timerIds_[&timer];
   if (id == 0) id = nextTimerId_++;
   timers_[id] = &timer;
   ::SetTimer(owner, id, static_cast<UINT>(timer.interval()), nullptr);
 }
 
-void Presenter::stopTimer(Timer &timer, HWND owner) {
+void Presenter::stopTimer(Timer& timer, HWND owner) {
   const auto found = timerIds_.find(&timer);
   if (found == timerIds_.end() || !owner) return;
   ::KillTimer(owner, found->second);
@@ -154,17 +166,28 @@ void Presenter::timerTicked(UINT_PTR id) {
   if (found != timers_.end()) found->second->tick();
 }
 
-Form *Presenter::formOf(HWND window) const {
+Form* Presenter::formOf(HWND window) const {
   const HWND top = ::GetAncestor(window, GA_ROOT);
-  if (auto *view = ControlWindow::of(top); view && view->control().kind() == ControlKind::Form)
-    return static_cast<Form *>(&view->control());
+  if (auto* view = ControlWindow::of(top); view && view->control().kind() == ControlKind::Form)
+    return static_cast<Form*>(&view->control());
   return nullptr;
 }
 
-bool Presenter::preTranslate(MSG &message) {
+bool Presenter::preTranslate(MSG& message) {
+  if (message.message == WM_KEYDOWN) {
+    // A key sent to the form's own window (it has no control with the focus).
+    Form* form = formOf(message.hwnd);
+    auto* view = ControlWindow::of(message.hwnd);
+    if (form && view && &view->control() == form && form->onKeyDown) {
+      const int shift =
+          (::GetKeyState(VK_SHIFT) < 0 ? 1 : 0) | (::GetKeyState(VK_CONTROL) < 0 ? 2 : 0);
+      form->userKeyDown(static_cast<int>(message.wParam), shift);
+      return true;
+    }
+  }
   if (message.message == WM_KEYDOWN &&
       (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE)) {
-    if (Form *form = formOf(message.hwnd)) {
+    if (Form* form = formOf(message.hwnd)) {
       form->userKey(message.wParam == VK_RETURN ? kVbKeyReturn : kVbKeyEscape);
       return true;
     }
@@ -173,7 +196,7 @@ bool Presenter::preTranslate(MSG &message) {
     char className[16] = {};
     ::GetClassNameA(message.hwnd, className, sizeof className);
     if (lstrcmpiA(className, "EDIT") != 0) {
-      if (Form *form = formOf(message.hwnd); form && form->keyPreview) {
+      if (Form* form = formOf(message.hwnd); form && form->keyPreview) {
         form->userKey(static_cast<int>(message.wParam));
         return true;
       }
@@ -195,16 +218,16 @@ int Presenter::run() {
 LRESULT CALLBACK Presenter::windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   try {
     if (message == WM_NCCREATE) {
-      const auto *create = reinterpret_cast<CREATESTRUCTA *>(lParam);
+      const auto* create = reinterpret_cast<CREATESTRUCTA*>(lParam);
       if (create->lpCreateParams) {
         ::SetPropA(window, "TL99.View", create->lpCreateParams);
-        static_cast<ControlWindow *>(create->lpCreateParams)->bind(window);
+        static_cast<ControlWindow*>(create->lpCreateParams)->bind(window);
       }
     }
-    ControlWindow *self = ControlWindow::of(window);
+    ControlWindow* self = ControlWindow::of(window);
     if (!self) return ::DefWindowProcA(window, message, wParam, lParam);
     if (const HWND sender = senderOf(message, lParam)) {
-      if (ControlWindow *child = ControlWindow::of(sender); child && child != self) {
+      if (ControlWindow* child = ControlWindow::of(sender); child && child != self) {
         LRESULT result = 0;
         if (child->childMessage(message, wParam, lParam, result)) return result;
       }
@@ -213,7 +236,7 @@ LRESULT CALLBACK Presenter::windowProc(HWND window, UINT message, WPARAM wParam,
     const LRESULT result = self->handle(message, wParam, lParam, handled);
     if (handled) return result;
     return self->callOriginal(message, wParam, lParam);
-  } catch (const RuntimeError &error) {
+  } catch (const RuntimeError& error) {
     // Raised outside any event (a window being set up): the program can't go on.
     Application::instance().fail(error.number());
   } catch (...) {

@@ -21,38 +21,38 @@ class ControlWindow;
 class Presenter {
 public:
   explicit Presenter(HINSTANCE instance);
-  Presenter(const Presenter &) = delete;
-  Presenter &operator=(const Presenter &) = delete;
+  Presenter(const Presenter&) = delete;
+  Presenter& operator=(const Presenter&) = delete;
   ~Presenter();
 
   // Creates the windows of a form and of all its controls, hidden until the
   // form shows.
-  void present(Form &form);
+  void present(Form& form);
   // Runs the message loop until the program ends; returns the exit code.
   int run();
 
   // Shared resources of the windows.
   HINSTANCE instance() const { return instance_; }
-  HFONT font(const Font &font);
+  HFONT font(const Font& font);
   HBRUSH brush(std::uint32_t color);
   static COLORREF colorOf(std::uint32_t color);
-  HBITMAP picture(const Picture &picture);
+  HBITMAP picture(const Picture& picture);
   // The image list of tab pictures (32 by 32, magenta as the clear colour),
   // and the index of a picture in it.
   HIMAGELIST tabImages() const { return tabImages_.get(); }
-  int tabImageIndex(const Picture &picture);
+  int tabImageIndex(const Picture& picture);
 
-  void startTimer(Timer &timer, HWND owner);
-  void stopTimer(Timer &timer, HWND owner);
+  void startTimer(Timer& timer, HWND owner);
+  void stopTimer(Timer& timer, HWND owner);
   void timerTicked(UINT_PTR id);
 
   static LRESULT CALLBACK windowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 private:
   void registerClasses();
-  void createTree(Control &control, HWND parent);
-  bool preTranslate(MSG &message);
-  Form *formOf(HWND window) const;
+  void createTree(Control& control, HWND parent);
+  bool preTranslate(MSG& message);
+  Form* formOf(HWND window) const;
 
   HINSTANCE instance_;
   std::vector<std::unique_ptr<ControlWindow>> windows_;
@@ -61,8 +61,8 @@ private:
   std::map<std::string, Bitmap> pictures_;
   ImageListHandle tabImages_;
   std::map<std::string, int> tabImageIndexes_;
-  std::map<UINT_PTR, Timer *> timers_;
-  std::map<Timer *, UINT_PTR> timerIds_;
+  std::map<UINT_PTR, Timer*> timers_;
+  std::map<Timer*, UINT_PTR> timerIds_;
   UINT_PTR nextTimerId_ = 1;
 };
 

@@ -12,7 +12,7 @@
 
 namespace {
 
-template <class Body> void rate(const char *what, int iterations, Body &&body) {
+template <class Body> void rate(const char* what, int iterations, Body&& body) {
   const auto start = std::chrono::steady_clock::now();
   for (int i = 0; i < iterations; ++i)
     body(i);

@@ -15,7 +15,7 @@ namespace {
 constexpr char kKey[] = "Software\\TL99Bench";
 constexpr int kRounds = 5;
 
-template <class Body> double secondsFor(int iterations, Body &&body) {
+template <class Body> double secondsFor(int iterations, Body&& body) {
   const auto start = std::chrono::steady_clock::now();
   for (int i = 0; i < iterations; ++i)
     body();
@@ -25,7 +25,7 @@ template <class Body> double secondsFor(int iterations, Body &&body) {
 // The fastest of several alternating rounds of each side, so both see the
 // same machine state.
 template <class Ours, class Bare>
-void compare(const char *what, int iterations, Ours &&ours, Bare &&bare) {
+void compare(const char* what, int iterations, Ours&& ours, Bare&& bare) {
   double bestOurs = 1e9, bestBare = 1e9;
   for (int round = 0; round < kRounds; ++round) {
     bestBare = std::min(bestBare, secondsFor(iterations, bare));
@@ -41,9 +41,9 @@ int main() {
   HKEY key = nullptr;
   ::RegCreateKeyA(HKEY_CURRENT_USER, kKey, &key);
   const char text[] = "Please do not edit manually";
-  ::RegSetValueExA(key, "Text", 0, REG_SZ, reinterpret_cast<const BYTE *>(text), sizeof text);
+  ::RegSetValueExA(key, "Text", 0, REG_SZ, reinterpret_cast<const BYTE*>(text), sizeof text);
   const DWORD number = 67108860;
-  ::RegSetValueExA(key, "Number", 0, REG_DWORD, reinterpret_cast<const BYTE *>(&number), 4);
+  ::RegSetValueExA(key, "Number", 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number), 4);
   ::RegCloseKey(key);
 
   volatile std::size_t sink = 0;
@@ -54,12 +54,12 @@ int main() {
         sink = sink + sysaccess::GetRegValue(sysaccess::HKCU, kKey, "Number").size();
       },
       [&] {
-        for (const char *name : {"Text", "Number"}) {
+        for (const char* name : {"Text", "Number"}) {
           HKEY k = nullptr;
           ::RegOpenKeyA(HKEY_CURRENT_USER, kKey, &k);
           char buffer[2048];
           DWORD size = sizeof buffer, type = 0;
-          ::RegQueryValueExA(k, name, nullptr, &type, reinterpret_cast<BYTE *>(buffer), &size);
+          ::RegQueryValueExA(k, name, nullptr, &type, reinterpret_cast<BYTE*>(buffer), &size);
           ::RegCloseKey(k);
           sink = sink + size;
         }

@@ -21,19 +21,19 @@ protected:
   }
   void TearDown() override { RegCloseKey(key_); }
 
-  Status set(const char *name, Dword type, const std::string &bytes, Dword size) {
-    return RegSetValueExA(key_, name, 0, type, reinterpret_cast<const std::uint8_t *>(bytes.data()),
+  Status set(const char* name, Dword type, const std::string& bytes, Dword size) {
+    return RegSetValueExA(key_, name, 0, type, reinterpret_cast<const std::uint8_t*>(bytes.data()),
                           size);
   }
-  Status set(const char *name, Dword type, const std::string &bytes) {
+  Status set(const char* name, Dword type, const std::string& bytes) {
     return set(name, type, bytes, static_cast<Dword>(bytes.size()));
   }
   // The stored type and bytes of a value, read with a large enough buffer.
-  Status get(const char *name, Dword *type, std::string *bytes) {
+  Status get(const char* name, Dword* type, std::string* bytes) {
     std::vector<std::uint8_t> buffer(8192);
     Dword size = static_cast<Dword>(buffer.size());
     const Status rc = RegQueryValueExA(key_, name, type, buffer.data(), &size);
-    if (rc == 0) bytes->assign(reinterpret_cast<char *>(buffer.data()), size);
+    if (rc == 0) bytes->assign(reinterpret_cast<char*>(buffer.data()), size);
     return rc;
   }
 
@@ -116,7 +116,7 @@ TEST_F(RegistryPlatform, MissingValueAndTooSmallBuffer) {
 TEST_F(RegistryPlatform, DeletingAKeyRemovesItsWholeSubtree) {
   RegKey deep = 0;
   ASSERT_EQ(0, RegCreateKeyA(key_, "Unknown\\shell\\Open in Notepad\\Command", &deep));
-  ASSERT_EQ(0, RegSetValueExA(deep, "", 0, kRegSz, reinterpret_cast<const std::uint8_t *>("n"), 2));
+  ASSERT_EQ(0, RegSetValueExA(deep, "", 0, kRegSz, reinterpret_cast<const std::uint8_t*>("n"), 2));
   RegCloseKey(deep);
   EXPECT_EQ(0, RegDeleteKeyA(key_, "Unknown\\shell\\Open in Notepad"));
   RegKey probe = 0;
@@ -221,7 +221,7 @@ TEST_F(RegistryPlatform, HighBytesRoundTripInNamesAndData) {
 }
 
 TEST_F(RegistryPlatform, EnumerationWalksAllAndEndsWithNoMoreItems) {
-  for (const char *sub : {"Beta", "alpha", "Gamma"}) {
+  for (const char* sub : {"Beta", "alpha", "Gamma"}) {
     RegKey k = 0;
     ASSERT_EQ(0, RegCreateKeyA(key_, sub, &k));
     RegCloseKey(k);

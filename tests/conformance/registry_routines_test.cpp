@@ -22,26 +22,25 @@ protected:
   void SetUp() override { conformance::prepareMachine(); }
 
   // Stores exact bytes through the platform, as another program would.
-  static void store(const std::string &name, platform::Dword type, const std::string &bytes) {
+  static void store(const std::string& name, platform::Dword type, const std::string& bytes) {
     platform::RegKey key = 0;
     ASSERT_EQ(0, platform::RegCreateKeyA(HKCU, kKey.c_str(), &key));
     ASSERT_EQ(0, platform::RegSetValueExA(key, name.c_str(), 0, type,
-                                          reinterpret_cast<const std::uint8_t *>(bytes.data()),
+                                          reinterpret_cast<const std::uint8_t*>(bytes.data()),
                                           static_cast<platform::Dword>(bytes.size())));
     platform::RegCloseKey(key);
   }
-  static void stored(const std::string &name, platform::Dword *type, std::string *bytes) {
+  static void stored(const std::string& name, platform::Dword* type, std::string* bytes) {
     platform::RegKey key = 0;
     ASSERT_EQ(0, platform::RegOpenKeyA(HKCU, kKey.c_str(), &key));
     std::string buffer(8192, '\0');
     platform::Dword size = 8192;
-    ASSERT_EQ(0,
-              platform::RegQueryValueExA(key, name.c_str(), type,
-                                         reinterpret_cast<std::uint8_t *>(buffer.data()), &size));
+    ASSERT_EQ(0, platform::RegQueryValueExA(key, name.c_str(), type,
+                                            reinterpret_cast<std::uint8_t*>(buffer.data()), &size));
     *bytes = buffer.substr(0, size);
     platform::RegCloseKey(key);
   }
-  static std::string read(const std::string &name) { return GetRegValue(HKCU, kKey, name); }
+  static std::string read(const std::string& name) { return GetRegValue(HKCU, kKey, name); }
 };
 
 TEST_F(RegistryRoutines, MissingKeyValueAndOversizedValueReadAsNotFound) {
@@ -55,10 +54,10 @@ TEST_F(RegistryRoutines, MissingKeyValueAndOversizedValueReadAsNotFound) {
 TEST_F(RegistryRoutines, DwordReadsAsThreeCharacters) {
   const struct {
     std::uint32_t number;
-    const char *text;
+    const char* text;
   } rows[] = {{0, "000"},   {1, "001"},    {5, "005"},    {20, "020"},       {128, "128"},
               {999, "999"}, {1000, "100"}, {5000, "500"}, {67108860, "671"}, {0xFFFFFFFFu, "429"}};
-  for (const auto &row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.number);
     const std::string bytes = DwordToBytes(static_cast<std::int32_t>(row.number));
     store("D", kRegDword, bytes);

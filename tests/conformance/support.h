@@ -9,19 +9,19 @@
 namespace conformance {
 
 // The folder every test starts with, empty: C:\TL99TEST.
-inline constexpr const char *kScratch = "C:\\TL99TEST";
+inline constexpr const char* kScratch = "C:\\TL99TEST";
 // The registry key every test starts with, absent: HKCU\Software\TL99Conformance.
-inline constexpr const char *kScratchKey = "Software\\TL99Conformance";
+inline constexpr const char* kScratchKey = "Software\\TL99Conformance";
 
 // Makes the scratch folder and key fresh.
 void prepareMachine();
 
 // Where the C library reaches a Windows path of the machine.
-std::string hostPath(const std::string &windowsPath);
+std::string hostPath(const std::string& windowsPath);
 
 // Writes and reads a whole file byte for byte.
-void writeFile(const std::string &windowsPath, const std::string &content);
-std::string readFile(const std::string &windowsPath);
+void writeFile(const std::string& windowsPath, const std::string& content);
+std::string readFile(const std::string& windowsPath);
 
 // Arms an answer for the next message box: the box is found as a user sees
 // it and the button with this id (IDOK = 1, IDCANCEL = 2, ...) is pressed.

@@ -23,20 +23,20 @@ void prepareMachine() {
   platform::CreateDirectoryA(kScratch);
 }
 
-std::string hostPath(const std::string &windowsPath) {
+std::string hostPath(const std::string& windowsPath) {
   return platform::sim::hostPath(windowsPath);
 }
 
-void writeFile(const std::string &windowsPath, const std::string &content) {
-  std::FILE *file = std::fopen(hostPath(windowsPath).c_str(), "wb");
+void writeFile(const std::string& windowsPath, const std::string& content) {
+  std::FILE* file = std::fopen(hostPath(windowsPath).c_str(), "wb");
   if (!file) return;
   std::fwrite(content.data(), 1, content.size(), file);
   std::fclose(file);
 }
 
-std::string readFile(const std::string &windowsPath) {
+std::string readFile(const std::string& windowsPath) {
   std::string content;
-  std::FILE *file = std::fopen(hostPath(windowsPath).c_str(), "rb");
+  std::FILE* file = std::fopen(hostPath(windowsPath).c_str(), "rb");
   if (!file) return "<missing>";
   char block[4096];
   std::size_t n = 0;
@@ -49,9 +49,9 @@ std::string readFile(const std::string &windowsPath) {
 void answerNextMessageBox(int button) { platform::sim::queueMessageBoxAnswer(button); }
 
 SeenMessageBox lastMessageBox() {
-  const auto &boxes = platform::sim::shownMessageBoxes();
+  const auto& boxes = platform::sim::shownMessageBoxes();
   if (boxes.empty()) return {};
-  const auto &box = boxes.back();
+  const auto& box = boxes.back();
   return {true, box.text, box.caption, box.type & 0x0F, (box.type & 0xF0) == 0x30};
 }
 

@@ -26,7 +26,7 @@ BOOL CALLBACK findBox(HWND window, LPARAM found) {
   char className[32] = {};
   ::GetClassNameA(window, className, sizeof className);
   if (std::string(className) == "#32770" && ::IsWindowVisible(window)) {
-    *reinterpret_cast<HWND *>(found) = window;
+    *reinterpret_cast<HWND*>(found) = window;
     return FALSE;
   }
   return TRUE;
@@ -58,8 +58,8 @@ void CALLBACK pressButton(HWND, UINT, UINT_PTR timer, DWORD) {
     ::PostMessageA(box, WM_COMMAND, static_cast<WPARAM>(pendingButton), 0);
 }
 
-void removeTree(const std::string &folder) {
-  for (const auto &entry : platform::FindFiles((folder + "\\*").c_str())) {
+void removeTree(const std::string& folder) {
+  for (const auto& entry : platform::FindFiles((folder + "\\*").c_str())) {
     if (entry.name == "." || entry.name == "..") continue;
     const std::string path = folder + "\\" + entry.name;
     platform::SetFileAttributesA(path.c_str(), 0);
@@ -80,18 +80,18 @@ void prepareMachine() {
   seen = {};
 }
 
-std::string hostPath(const std::string &windowsPath) { return windowsPath; }
+std::string hostPath(const std::string& windowsPath) { return windowsPath; }
 
-void writeFile(const std::string &windowsPath, const std::string &content) {
-  std::FILE *file = std::fopen(windowsPath.c_str(), "wb");
+void writeFile(const std::string& windowsPath, const std::string& content) {
+  std::FILE* file = std::fopen(windowsPath.c_str(), "wb");
   if (!file) return;
   std::fwrite(content.data(), 1, content.size(), file);
   std::fclose(file);
 }
 
-std::string readFile(const std::string &windowsPath) {
+std::string readFile(const std::string& windowsPath) {
   std::string content;
-  std::FILE *file = std::fopen(windowsPath.c_str(), "rb");
+  std::FILE* file = std::fopen(windowsPath.c_str(), "rb");
   if (!file) return "<missing>";
   char block[4096];
   std::size_t n = 0;

@@ -241,7 +241,7 @@ TEST_F(SystemHelpers, FilePrimitives) {
   conformance::writeFile(folder + "\\notes.txt", "t");
   auto cabs = platform::FindFiles((folder + "\\*.cab").c_str());
   std::vector<std::string> names;
-  for (const auto &f : cabs)
+  for (const auto& f : cabs)
     names.push_back(upper(f.name));
   std::sort(names.begin(), names.end());
   EXPECT_EQ((std::vector<std::string>{"RB000.CAB", "RB001.CAB"}), names);
@@ -253,7 +253,7 @@ TEST_F(SystemHelpers, FilePrimitives) {
       platform::CopyFileA((folder + "\\none.cab").c_str(), (folder + "\\x.cab").c_str(), false));
   EXPECT_EQ(platform::kErrorFileNotFound, platform::GetLastError());
   EXPECT_FALSE(platform::RemoveDirectoryA(folder.c_str()));
-  for (const auto &f : platform::FindFiles((folder + "\\*.*").c_str())) {
+  for (const auto& f : platform::FindFiles((folder + "\\*.*").c_str())) {
     if (!(f.attributes & platform::kAttributeDirectory)) {
       EXPECT_TRUE(platform::DeleteFileA((folder + "\\" + f.name).c_str())) << f.name;
     }

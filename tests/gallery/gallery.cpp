@@ -18,7 +18,7 @@ namespace {
 // A user control: a bar that fills up to where it is clicked.
 class Bar : public UserControl {
 public:
-  explicit Bar(UserControlHost &host, Label &readout) : host_(host), readout_(readout) {}
+  explicit Bar(UserControlHost& host, Label& readout) : host_(host), readout_(readout) {}
   void mouseDown(int, int, float x, float) override { moveTo(x); }
   void mouseMove(int button, int, float x, float) override {
     if (button & kLeftButton) moveTo(x);
@@ -38,8 +38,8 @@ private:
     readout_.setCaption("bar " + std::to_string(level_ * 100 / host_.width()) + "%");
     host_.redraw();
   }
-  UserControlHost &host_;
-  Label &readout_;
+  UserControlHost& host_;
+  Label& readout_;
   int level_ = 0;
 };
 
@@ -51,12 +51,12 @@ struct Gallery {
   Gallery() {
     form.move(600, 600, 9600, 7200);
     form.setCaption("Tweakloom 99 gallery");
-    auto &status = form.add<Label>("status", -1, nullptr, {120, 6600, 9000, 255});
+    auto& status = form.add<Label>("status", -1, nullptr, {120, 6600, 9000, 255});
 
     form.add<Label>("label1", -1, nullptr, {120, 120, 1800, 255}).setCaption("Label && more");
-    auto &text = form.add<TextBox>("text1", -1, nullptr, {120, 420, 1800, 315});
-    auto &length = form.add<Label>("length", -1, nullptr, {2040, 450, 1200, 255});
-    text.onKeyPress = [](int &key) {
+    auto& text = form.add<TextBox>("text1", -1, nullptr, {120, 420, 1800, 315});
+    auto& length = form.add<Label>("length", -1, nullptr, {2040, 450, 1200, 255});
+    text.onKeyPress = [](int& key) {
       if ((key < '0' || key > '9') && key != 8) key = 0; // digits only
     };
     text.onChange = [&] { length.setCaption("length " + std::to_string(text.text().size())); };
@@ -70,85 +70,85 @@ struct Gallery {
                         ") = " + std::to_string(check(index).value()));
     };
 
-    auto &frame = form.add<Frame>("frame1", -1, nullptr, {120, 1800, 2400, 1000});
+    auto& frame = form.add<Frame>("frame1", -1, nullptr, {120, 1800, 2400, 1000});
     frame.setCaption("Options");
-    auto &option1 = form.add<OptionButton>("option1", -1, &frame, {120, 300, 2000, 255});
-    auto &option2 = form.add<OptionButton>("option2", -1, &frame, {120, 600, 2000, 255});
+    auto& option1 = form.add<OptionButton>("option1", -1, &frame, {120, 300, 2000, 255});
+    auto& option2 = form.add<OptionButton>("option2", -1, &frame, {120, 600, 2000, 255});
     option1.setCaption("Option one");
     option2.setCaption("Option two");
     option1.onClick = [&] { status.setCaption("option1"); };
     option2.onClick = [&] { status.setCaption("option2"); };
 
-    auto &clicks = form.add<Label>("clicks", -1, nullptr, {1560, 3000, 1200, 255});
-    auto &button = form.add<CommandButton>("button1", -1, nullptr, {120, 2940, 1300, 375});
+    auto& clicks = form.add<Label>("clicks", -1, nullptr, {1560, 3000, 1200, 255});
+    auto& button = form.add<CommandButton>("button1", -1, nullptr, {120, 2940, 1300, 375});
     button.setCaption("Press");
     button.onClick = [&, count = 0]() mutable {
       clicks.setCaption("pressed " + std::to_string(++count));
     };
-    auto &ok = form.add<CommandButton>("okbutton", -1, nullptr, {120, 3420, 1300, 375});
+    auto& ok = form.add<CommandButton>("okbutton", -1, nullptr, {120, 3420, 1300, 375});
     ok.setCaption("OK");
     ok.setDefault(true);
     ok.onClick = [&] { status.setCaption("Enter pressed OK"); };
-    auto &cancel = form.add<CommandButton>("cancelbutton", -1, nullptr, {1560, 3420, 1300, 375});
+    auto& cancel = form.add<CommandButton>("cancelbutton", -1, nullptr, {1560, 3420, 1300, 375});
     cancel.setCaption("Cancel");
     cancel.setCancel(true);
     cancel.onClick = [&] { status.setCaption("Esc pressed Cancel"); };
-    auto &fail = form.add<CommandButton>("fail", -1, nullptr, {120, 3900, 1300, 375});
+    auto& fail = form.add<CommandButton>("fail", -1, nullptr, {120, 3900, 1300, 375});
     fail.setCaption("Fail");
     fail.onClick = [] { toInteger(std::string("40000")); }; // Overflow: the program ends
-    auto &disabled = form.add<CommandButton>("disabled1", -1, nullptr, {1560, 3900, 1300, 375});
+    auto& disabled = form.add<CommandButton>("disabled1", -1, nullptr, {1560, 3900, 1300, 375});
     disabled.setCaption("Disabled");
     disabled.setEnabled(false);
     disabled.onClick = [&] { status.setCaption("disabled button ran"); };
 
-    auto &picture = form.add<PictureBox>("picture1", -1, nullptr, {3240, 120, 720, 480});
+    auto& picture = form.add<PictureBox>("picture1", -1, nullptr, {3240, 120, 720, 480});
     picture.setPicture({"pic_a.bmp"});
     picture.onClick = [&] {
       picture.setPicture({picture.picture().resource == "pic_a.bmp" ? "pic_b.bmp" : "pic_a.bmp"});
       status.setCaption("picture1 shows " + picture.picture().resource);
     };
-    auto &image = form.add<Image>("image1", -1, nullptr, {4080, 120, 720, 480});
+    auto& image = form.add<Image>("image1", -1, nullptr, {4080, 120, 720, 480});
     image.setPicture({"pic_b.bmp"});
     image.onClick = [&] { status.setCaption("image1 clicked"); };
     image.onMouseMove = [&](int, int, float, float) { status.setCaption("mouse over image1"); };
 
-    auto &combo = form.add<ComboBox>("combo1", -1, nullptr, {3240, 720, 1800, 315});
-    for (const char *item : {"Default", "Fast", "Slow"})
+    auto& combo = form.add<ComboBox>("combo1", -1, nullptr, {3240, 720, 1800, 315});
+    for (const char* item : {"Default", "Fast", "Slow"})
       combo.addItem(item);
     combo.setText("Default");
     combo.onClick = [&] { status.setCaption("combo1 " + combo.text()); };
 
-    auto &list = form.add<ListBox>("list1", -1, nullptr, {3240, 1140, 1800, 900});
-    for (const char *item : {"Alpha", "Beta", "Gamma"})
+    auto& list = form.add<ListBox>("list1", -1, nullptr, {3240, 1140, 1800, 900});
+    for (const char* item : {"Alpha", "Beta", "Gamma"})
       list.addItem(item);
     list.onClick = [&] { status.setCaption("list1 " + list.list(list.listIndex())); };
 
-    auto &checks = form.add<ListBox>("checklist1", -1, nullptr, {3240, 2160, 1800, 900}, true);
-    for (const char *item : {"WinZip", "DirectX Drivers", "Acrobat Reader"})
+    auto& checks = form.add<ListBox>("checklist1", -1, nullptr, {3240, 2160, 1800, 900}, true);
+    for (const char* item : {"WinZip", "DirectX Drivers", "Acrobat Reader"})
       checks.addItem(item);
     checks.onItemCheck = [&](int index) {
       status.setCaption("checklist1 " + checks.list(index) +
                         (checks.selected(index) ? " on" : " off"));
     };
 
-    auto &files = form.add<FileListBox>("files1", -1, nullptr, {3240, 3180, 1800, 1000});
+    auto& files = form.add<FileListBox>("files1", -1, nullptr, {3240, 3180, 1800, 1000});
     files.setPattern("*.cab");
     files.setPath("C:\\windows\\sysbckup");
     files.onClick = [&] { status.setCaption("files1 " + files.list(files.listIndex())); };
 
-    auto &ticks = form.add<Label>("ticks", -1, nullptr, {3240, 4320, 1800, 255});
-    auto &timer = form.add<Timer>("timer1", -1, nullptr, {});
+    auto& ticks = form.add<Label>("ticks", -1, nullptr, {3240, 4320, 1800, 255});
+    auto& timer = form.add<Timer>("timer1", -1, nullptr, {});
     timer.setInterval(100);
     timer.onTimer = [&, count = 0]() mutable {
       ticks.setCaption("ticks " + std::to_string(++count));
     };
 
-    auto &tabs = form.add<TabStrip>("tabs1", -1, nullptr, {5280, 120, 4080, 2400});
+    auto& tabs = form.add<TabStrip>("tabs1", -1, nullptr, {5280, 120, 4080, 2400});
     tabs.setTabs(3);
     tabs.setTabsPerRow(3);
     for (int i = 0; i < 3; ++i) {
       tabs.setTabCaption(i, "Page " + std::to_string(i));
-      Frame &page = tabpage.add(form, i, &tabs, {60, 60, 3900, 1500});
+      Frame& page = tabpage.add(form, i, &tabs, {60, 60, 3900, 1500});
       page.placeOnTab(i);
       page.setCaption("Contents of page " + std::to_string(i));
       form.add<Label>("tablabel", i, &page, {120, 360, 3000, 255})
@@ -161,19 +161,19 @@ struct Gallery {
                         std::to_string(tabs.tab()));
     };
 
-    auto &spinValue = form.add<Label>("spinvalue", -1, nullptr, {5280, 2700, 1200, 255});
-    auto &spin = form.add<SpinControl>("spin1", -1, nullptr, {6600, 2640, 255, 375});
+    auto& spinValue = form.add<Label>("spinvalue", -1, nullptr, {5280, 2700, 1200, 255});
+    auto& spin = form.add<SpinControl>("spin1", -1, nullptr, {6600, 2640, 255, 375});
     spin.setRange(0, 10);
     spin.setValue(5);
     spinValue.setCaption("spin 5");
     spin.onChange = [&] { spinValue.setCaption("spin " + std::to_string(spin.value())); };
 
-    auto &readout = form.add<Label>("barvalue", -1, nullptr, {5280, 3600, 1800, 255});
-    auto &host = form.add<UserControlHost>("user1", -1, nullptr, {5280, 3120, 3000, 375});
+    auto& readout = form.add<Label>("barvalue", -1, nullptr, {5280, 3600, 1800, 255});
+    auto& host = form.add<UserControlHost>("user1", -1, nullptr, {5280, 3120, 3000, 375});
     bar_ = std::make_unique<Bar>(host, readout);
     host.setBehavior(bar_.get());
 
-    auto &colored = form.add<Label>("colored", -1, nullptr, {5280, 4080, 3000, 255});
+    auto& colored = form.add<Label>("colored", -1, nullptr, {5280, 4080, 3000, 255});
     colored.setCaption("White on navy");
     colored.setBackColor(0x800000);
     colored.setForeColor(0xFFFFFF);

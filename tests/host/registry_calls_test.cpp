@@ -17,7 +17,7 @@ const std::string kPolicies =
 
 class RegistryCalls : public SimMachineTest {
 protected:
-  std::vector<std::string> record(const std::function<void()> &action) {
+  std::vector<std::string> record(const std::function<void()>& action) {
     platform::sim::clearCallLog();
     platform::sim::setCallLogging(true);
     action();
@@ -116,7 +116,7 @@ TEST_F(RegistryCalls, EncodersAndTheirErrors) {
   try {
     EncodeRegData(std::string("abc"), kRegDword);
     FAIL() << "no error";
-  } catch (const runtime::RuntimeError &e) {
+  } catch (const runtime::RuntimeError& e) {
     EXPECT_EQ(13, e.number());
   }
   EXPECT_THROW(SetRegValueEx(HKU, kPolicies, "", "x", std::string("99999999999"), kRegDword),

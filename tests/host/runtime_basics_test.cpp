@@ -12,10 +12,10 @@ using namespace runtime;
 
 namespace {
 
-int errorOf(const std::function<void()> &statement) {
+int errorOf(const std::function<void()>& statement) {
   try {
     statement();
-  } catch (const RuntimeError &e) {
+  } catch (const RuntimeError& e) {
     return e.number();
   }
   return 0;

@@ -15,10 +15,10 @@ using namespace runtime;
 
 namespace {
 
-int errorOf(const std::function<void()> &statement) {
+int errorOf(const std::function<void()>& statement) {
   try {
     statement();
-  } catch (const RuntimeError &e) {
+  } catch (const RuntimeError& e) {
     return e.number();
   }
   return 0;
@@ -37,7 +37,7 @@ protected:
 };
 
 TEST_F(RuntimeRules, CheckBoxClickFiresOnlyOnARealChange) {
-  auto &box = form_->add<CheckBox>("Check1", -1, nullptr, {});
+  auto& box = form_->add<CheckBox>("Check1", -1, nullptr, {});
   box.onClick = [&] { events_.push_back("Check1 " + std::to_string(box.value())); };
   box.setValue(0);
   box.setValue(1);
@@ -49,7 +49,7 @@ TEST_F(RuntimeRules, CheckBoxClickFiresOnlyOnARealChange) {
 }
 
 TEST_F(RuntimeRules, UserClickTogglesAndFiresLikeCode) {
-  auto &box = form_->add<CheckBox>("Check1", -1, nullptr, {});
+  auto& box = form_->add<CheckBox>("Check1", -1, nullptr, {});
   box.onClick = [&] { events_.push_back("click"); };
   box.userClick();
   EXPECT_EQ(1, box.value());
@@ -59,9 +59,9 @@ TEST_F(RuntimeRules, UserClickTogglesAndFiresLikeCode) {
 }
 
 TEST_F(RuntimeRules, HandlersNestSynchronously) {
-  auto &first = form_->add<CheckBox>("Check21", -1, nullptr, {});
-  auto &second = form_->add<CheckBox>("Check22", -1, nullptr, {});
-  auto &apply = form_->add<PictureBox>("refa", -1, nullptr, {});
+  auto& first = form_->add<CheckBox>("Check21", -1, nullptr, {});
+  auto& second = form_->add<CheckBox>("Check22", -1, nullptr, {});
+  auto& apply = form_->add<PictureBox>("refa", -1, nullptr, {});
   apply.setEnabled(false);
   first.onClick = [&] {
     events_.push_back("first in");
@@ -78,10 +78,10 @@ TEST_F(RuntimeRules, HandlersNestSynchronously) {
 }
 
 TEST_F(RuntimeRules, OptionButtonsOfOneContainerExcludeEachOther) {
-  auto &frame = form_->add<Frame>("Frame1", -1, nullptr, {});
-  auto &a = form_->add<OptionButton>("mtu552", -1, &frame, {});
-  auto &b = form_->add<OptionButton>("mtu576", -1, &frame, {});
-  auto &other = form_->add<OptionButton>("Option3", -1, nullptr, {});
+  auto& frame = form_->add<Frame>("Frame1", -1, nullptr, {});
+  auto& a = form_->add<OptionButton>("mtu552", -1, &frame, {});
+  auto& b = form_->add<OptionButton>("mtu576", -1, &frame, {});
+  auto& other = form_->add<OptionButton>("Option3", -1, nullptr, {});
   a.onClick = [&] { events_.push_back("a"); };
   b.onClick = [&] { events_.push_back("b"); };
   other.setValue(true);
@@ -96,9 +96,9 @@ TEST_F(RuntimeRules, OptionButtonsOfOneContainerExcludeEachOther) {
 }
 
 TEST_F(RuntimeRules, TextBoxChangeAndKeyPressFilter) {
-  auto &text = form_->add<TextBox>("Text16", -1, nullptr, {});
+  auto& text = form_->add<TextBox>("Text16", -1, nullptr, {});
   text.onChange = [&] { events_.push_back(text.text()); };
-  text.onKeyPress = [](int &key) {
+  text.onKeyPress = [](int& key) {
     if ((key < '0' || key > '9') && key != 8) key = 0; // digits and Backspace
   };
   text.userType("4a2");
@@ -112,8 +112,8 @@ TEST_F(RuntimeRules, TextBoxChangeAndKeyPressFilter) {
 }
 
 TEST_F(RuntimeRules, DisabledOrHiddenControlsTakeNoUserInput) {
-  auto &frame = form_->add<Frame>("Frame4", 7, nullptr, {});
-  auto &box = form_->add<CheckBox>("net_check", 0, &frame, {});
+  auto& frame = form_->add<Frame>("Frame4", 7, nullptr, {});
+  auto& box = form_->add<CheckBox>("net_check", 0, &frame, {});
   box.onClick = [&] { events_.push_back("click"); };
   box.setEnabled(false);
   box.userClick();
@@ -130,13 +130,13 @@ TEST_F(RuntimeRules, DisabledOrHiddenControlsTakeNoUserInput) {
 }
 
 TEST_F(RuntimeRules, ControlsOfAnInactiveTabTakeNoUserInput) {
-  auto &tabs = form_->add<TabStrip>("MainTab", -1, nullptr, {});
+  auto& tabs = form_->add<TabStrip>("MainTab", -1, nullptr, {});
   tabs.setTabs(10);
-  auto &page0 = form_->add<Frame>("Frame4", 5, &tabs, {});
+  auto& page0 = form_->add<Frame>("Frame4", 5, &tabs, {});
   page0.placeOnTab(0);
-  auto &page1 = form_->add<Frame>("Frame4", 7, &tabs, {});
+  auto& page1 = form_->add<Frame>("Frame4", 7, &tabs, {});
   page1.placeOnTab(1);
-  auto &box = form_->add<CheckBox>("net_check", 0, &page1, {});
+  auto& box = form_->add<CheckBox>("net_check", 0, &page1, {});
   EXPECT_TRUE(page0.shown());
   EXPECT_FALSE(page1.shown());
   box.userClick();
@@ -148,7 +148,7 @@ TEST_F(RuntimeRules, ControlsOfAnInactiveTabTakeNoUserInput) {
 }
 
 TEST_F(RuntimeRules, TabStripClickKnowsThePreviousTab) {
-  auto &tabs = form_->add<TabStrip>("MainTab", -1, nullptr, {});
+  auto& tabs = form_->add<TabStrip>("MainTab", -1, nullptr, {});
   tabs.setTabs(10);
   EXPECT_EQ("Tab 3", tabs.tabCaption(3));
   tabs.onClick = [&] {
@@ -183,8 +183,8 @@ TEST_F(RuntimeRules, ControlArraysHaveGapsAndOneHandlerWithAnIndex) {
 }
 
 TEST_F(RuntimeRules, FocusOnAControlThatCantTakeItIsError5) {
-  auto &text = form_->add<TextBox>("Text15", -1, nullptr, {});
-  auto &label = form_->add<Label>("PLabel0", -1, nullptr, {});
+  auto& text = form_->add<TextBox>("Text15", -1, nullptr, {});
+  auto& label = form_->add<Label>("PLabel0", -1, nullptr, {});
   text.setFocus();
   EXPECT_TRUE(text.hasFocus());
   EXPECT_EQ(5, errorOf([&] { label.setFocus(); }));
@@ -199,8 +199,8 @@ TEST_F(RuntimeRules, FocusOnAControlThatCantTakeItIsError5) {
 }
 
 TEST_F(RuntimeRules, ComboBoxTextMustBeOneOfTheList) {
-  auto &combo = form_->add<ComboBox>("Combo1", -1, nullptr, {});
-  for (const char *item : {"Default", "Fast", "Slow"})
+  auto& combo = form_->add<ComboBox>("Combo1", -1, nullptr, {});
+  for (const char* item : {"Default", "Fast", "Slow"})
     combo.addItem(item);
   combo.onClick = [&] { events_.push_back(combo.text()); };
   combo.setText("Fast");
@@ -216,7 +216,7 @@ TEST_F(RuntimeRules, ComboBoxTextMustBeOneOfTheList) {
 }
 
 TEST_F(RuntimeRules, CheckMarkListFiresItemCheck) {
-  auto &list = form_->add<ListBox>("prg_list", -1, nullptr, {}, true);
+  auto& list = form_->add<ListBox>("prg_list", -1, nullptr, {}, true);
   list.addItem("WinZip");
   list.addItem("DirectX Drivers");
   std::vector<int> checked;
@@ -234,9 +234,9 @@ TEST_F(RuntimeRules, CheckMarkListFiresItemCheck) {
 
 TEST_F(RuntimeRules, FileListBoxListsAFolderAndRefusesAMissingOne) {
   platform::CreateDirectoryA("C:\\WINDOWS\\SYSBCKUP");
-  for (const char *name : {"rb001.cab", "RB000.CAB", "notes.txt"})
+  for (const char* name : {"rb001.cab", "RB000.CAB", "notes.txt"})
     std::ofstream(root_ + "/c/WINDOWS/SYSBCKUP/" + name) << "x";
-  auto &files = form_->add<FileListBox>("File1", -1, nullptr, {});
+  auto& files = form_->add<FileListBox>("File1", -1, nullptr, {});
   files.setPattern("*.cab");
   files.setPath("C:\\WINDOWS\\SYSBCKUP");
   ASSERT_EQ(2, files.listCount());
@@ -247,7 +247,7 @@ TEST_F(RuntimeRules, FileListBoxListsAFolderAndRefusesAMissingOne) {
 }
 
 TEST_F(RuntimeRules, SpinControlStepsWithinItsRange) {
-  auto &spin = form_->add<SpinControl>("UpDown1", -1, nullptr, {});
+  auto& spin = form_->add<SpinControl>("UpDown1", -1, nullptr, {});
   spin.setRange(1, 5);
   spin.setIncrement(2);
   spin.setValue(1);
@@ -261,7 +261,7 @@ TEST_F(RuntimeRules, SpinControlStepsWithinItsRange) {
 }
 
 TEST_F(RuntimeRules, TimerTicksOnlyWhenEnabledWithAnInterval) {
-  auto &timer = form_->add<Timer>("Timer1", -1, nullptr, {});
+  auto& timer = form_->add<Timer>("Timer1", -1, nullptr, {});
   int ticks = 0;
   timer.onTimer = [&] { ++ticks; };
   timer.tick();
@@ -274,8 +274,8 @@ TEST_F(RuntimeRules, TimerTicksOnlyWhenEnabledWithAnInterval) {
 }
 
 TEST_F(RuntimeRules, AnErrorEscapingAUserEventShowsTheFailureBoxAndEnds) {
-  auto &box = form_->add<CheckBox>("Check26", -1, nullptr, {});
-  auto &after = form_->add<CheckBox>("Check27", -1, nullptr, {});
+  auto& box = form_->add<CheckBox>("Check26", -1, nullptr, {});
+  auto& after = form_->add<CheckBox>("Check27", -1, nullptr, {});
   bool ended = false;
   Application::instance().onEnd = [&] { ended = true; };
   box.onClick = [&] {
@@ -288,7 +288,7 @@ TEST_F(RuntimeRules, AnErrorEscapingAUserEventShowsTheFailureBoxAndEnds) {
   EXPECT_TRUE(Application::instance().ended());
   EXPECT_EQ(std::vector<std::string>{"before"}, events_);
   EXPECT_EQ(1, box.value()); // what was done before the failure stays done
-  const auto &boxes = platform::sim::shownMessageBoxes();
+  const auto& boxes = platform::sim::shownMessageBoxes();
   ASSERT_EQ(1u, boxes.size());
   EXPECT_EQ("Run-time error '6':\n\nOverflow", boxes[0].text);
   EXPECT_EQ("Tweakloom 99", boxes[0].caption);
@@ -297,14 +297,14 @@ TEST_F(RuntimeRules, AnErrorEscapingAUserEventShowsTheFailureBoxAndEnds) {
 }
 
 TEST_F(RuntimeRules, AnErrorRaisedByCodeReachesTheCaller) {
-  auto &box = form_->add<CheckBox>("Check1", -1, nullptr, {});
+  auto& box = form_->add<CheckBox>("Check1", -1, nullptr, {});
   box.onClick = [] { raiseError(kTypeMismatch); };
   EXPECT_EQ(13, errorOf([&] { box.setValue(1); }));
   EXPECT_FALSE(Application::instance().ended());
 }
 
 TEST_F(RuntimeRules, ResumeNextSwallowsAnErrorOfANestedHandler) {
-  auto &box = form_->add<CheckBox>("Check1", -1, nullptr, {});
+  auto& box = form_->add<CheckBox>("Check1", -1, nullptr, {});
   box.onClick = [] { raiseError(kTypeMismatch); };
   std::vector<int> steps;
   ResumeNext resume;
@@ -318,8 +318,8 @@ TEST_F(RuntimeRules, ResumeNextSwallowsAnErrorOfANestedHandler) {
 }
 
 TEST_F(RuntimeRules, EnterAndEscPressTheDefaultAndCancelButtons) {
-  auto &ok = form_->add<CommandButton>("OKButton", -1, nullptr, {});
-  auto &cancel = form_->add<CommandButton>("CancelButton", -1, nullptr, {});
+  auto& ok = form_->add<CommandButton>("OKButton", -1, nullptr, {});
+  auto& cancel = form_->add<CommandButton>("CancelButton", -1, nullptr, {});
   ok.setDefault(true);
   cancel.setCancel(true);
   ok.onClick = [&] { events_.push_back("ok"); };
@@ -345,7 +345,7 @@ TEST_F(RuntimeRules, FormLoadsOnceAndShowHideKeepsState) {
 }
 
 TEST_F(RuntimeRules, MouseMoveReportsButtonShiftAndPosition) {
-  auto &picture = form_->add<PictureBox>("Picture0", 0, nullptr, {});
+  auto& picture = form_->add<PictureBox>("Picture0", 0, nullptr, {});
   float seenX = 0;
   picture.onMouseMove = [&](int, int, float x, float) { seenX = x; };
   picture.userMouseMove(0, 0, 120, 45);
@@ -353,18 +353,18 @@ TEST_F(RuntimeRules, MouseMoveReportsButtonShiftAndPosition) {
 }
 
 TEST(ErrorNumbers, EveryNumberTheRuntimeRaisesHasItsText) {
-  const std::pair<int, const char *> rows[] = {{5, "Invalid procedure call or argument"},
-                                               {6, "Overflow"},
-                                               {9, "Subscript out of range"},
-                                               {11, "Division by zero"},
-                                               {13, "Type mismatch"},
-                                               {53, "File not found"},
-                                               {70, "Permission denied"},
-                                               {75, "Path/File access error"},
-                                               {76, "Path not found"},
-                                               {380, "Invalid property value"},
-                                               {383, "'Text' property is read-only"}};
-  for (const auto &[number, text] : rows) {
+  const std::pair<int, const char*> rows[] = {{5, "Invalid procedure call or argument"},
+                                              {6, "Overflow"},
+                                              {9, "Subscript out of range"},
+                                              {11, "Division by zero"},
+                                              {13, "Type mismatch"},
+                                              {53, "File not found"},
+                                              {70, "Permission denied"},
+                                              {75, "Path/File access error"},
+                                              {76, "Path not found"},
+                                              {380, "Invalid property value"},
+                                              {383, "'Text' property is read-only"}};
+  for (const auto& [number, text] : rows) {
     EXPECT_EQ(text, errorText(number));
     EXPECT_EQ("Run-time error '" + std::to_string(number) + "':\n\n" + text,
               Application::failureText(number));

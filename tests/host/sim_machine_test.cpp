@@ -90,7 +90,7 @@ TEST_F(SimMachine, FindFilesListsDotEntriesBelowTheRootOnly) {
   EXPECT_EQ(".", all[0].name);
   EXPECT_EQ("..", all[1].name);
   EXPECT_EQ("a.lnk", all[2].name);
-  for (const auto &f : platform::FindFiles("C:\\*.*"))
+  for (const auto& f : platform::FindFiles("C:\\*.*"))
     EXPECT_NE(".", f.name);
 }
 

@@ -17,7 +17,7 @@
 
 namespace {
 
-std::vector<std::uint8_t> readAll(const char *path) {
+std::vector<std::uint8_t> readAll(const char* path) {
   std::ifstream in(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
@@ -29,7 +29,7 @@ std::string upper(std::string text) {
 }
 
 // "DLL!Function" keys of a list file (the first column of each line).
-std::map<std::string, std::string> readList(const char *path) {
+std::map<std::string, std::string> readList(const char* path) {
   std::map<std::string, std::string> entries;
   std::ifstream in(path);
   for (std::string line; std::getline(in, line);) {
@@ -72,7 +72,7 @@ struct Section {
 
 } // namespace
 
-int main(int argc, char **argv) {
+int main(int argc, char** argv) {
   if (argc != 4) {
     std::fprintf(stderr, "usage: %s EXE ALLOWLIST DENYLIST\n", argv[0]);
     return 2;
@@ -81,7 +81,7 @@ int main(int argc, char **argv) {
   const auto allow = readList(argv[2]);
   const auto deny = readList(argv[3]);
   std::vector<std::string> problems;
-  auto expect = [&](bool ok, const std::string &problem) {
+  auto expect = [&](bool ok, const std::string& problem) {
     if (!ok) problems.push_back(problem);
   };
 
@@ -116,7 +116,7 @@ int main(int argc, char **argv) {
         {image.u32(at + 12), image.u32(at + 8), image.u32(at + 20), image.u32(at + 16)});
   }
   auto fileOffset = [&](std::uint32_t rva) -> std::size_t {
-    for (const auto &s : sections)
+    for (const auto& s : sections)
       if (rva >= s.virtualAddress && rva < s.virtualAddress + std::max(s.virtualSize, s.rawSize))
         return rva - s.virtualAddress + s.rawOffset;
     return image.size();
@@ -153,7 +153,7 @@ int main(int argc, char **argv) {
     functionCount += count;
   }
   std::printf("%d imported functions checked\n", functionCount);
-  for (const auto &p : problems)
+  for (const auto& p : problems)
     std::printf("PROBLEM: %s\n", p.c_str());
   std::printf("static check %s\n", problems.empty() ? "passed" : "FAILED");
   return problems.empty() ? 0 : 1;

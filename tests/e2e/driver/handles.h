@@ -9,8 +9,8 @@ namespace drive {
 class OwnedHandle {
 public:
   explicit OwnedHandle(HANDLE handle = nullptr) : handle_(handle) {}
-  OwnedHandle(const OwnedHandle &) = delete;
-  OwnedHandle &operator=(const OwnedHandle &) = delete;
+  OwnedHandle(const OwnedHandle&) = delete;
+  OwnedHandle& operator=(const OwnedHandle&) = delete;
   ~OwnedHandle() {
     if (valid()) ::CloseHandle(handle_);
   }
@@ -24,12 +24,12 @@ private:
 class OwnedKey {
 public:
   OwnedKey() = default;
-  OwnedKey(const OwnedKey &) = delete;
-  OwnedKey &operator=(const OwnedKey &) = delete;
+  OwnedKey(const OwnedKey&) = delete;
+  OwnedKey& operator=(const OwnedKey&) = delete;
   ~OwnedKey() {
     if (key_) ::RegCloseKey(key_);
   }
-  HKEY *out() { return &key_; }
+  HKEY* out() { return &key_; }
   HKEY get() const { return key_; }
 
 private:

@@ -5,16 +5,16 @@
 namespace drive {
 namespace {
 
-constexpr const char *kNameProperty = "TL99.Name";
+constexpr const char* kNameProperty = "TL99.Name";
 constexpr UINT kAnswerTimeoutMs = 2000;
 
 struct Search {
-  const std::string *name;
+  const std::string* name;
   std::vector<HWND> found;
 };
 
 BOOL CALLBACK collectChild(HWND window, LPARAM lParam) {
-  auto *search = reinterpret_cast<Search *>(lParam);
+  auto* search = reinterpret_cast<Search*>(lParam);
   if (designName(window) == *search->name) search->found.push_back(window);
   return TRUE;
 }
@@ -29,14 +29,15 @@ BOOL CALLBACK collectTop(HWND window, LPARAM lParam) {
 } // namespace
 
 std::string designName(HWND window) {
-  const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(::GetPropA(window, kNameProperty)));
+  const auto atom =
+      static_cast<ATOM>(reinterpret_cast<UINT_PTR>(::GetPropA(window, kNameProperty)));
   if (atom == 0) return {};
   char name[256] = {};
   if (::GlobalGetAtomNameA(atom, name, sizeof name) == 0) return {};
   return name;
 }
 
-HWND findNamed(const std::string &name) {
+HWND findNamed(const std::string& name) {
   Search search{&name, {}};
   ::EnumWindows(collectTop, reinterpret_cast<LPARAM>(&search));
   for (HWND window : search.found)
@@ -67,6 +68,15 @@ std::string className(HWND window) {
   char name[64] = {};
   ::GetClassNameA(window, name, sizeof name);
   return name;
+}
+
+HWND topLevelOf(HWND window) {
+  while (window && (::GetWindowLongA(window, GWL_STYLE) & WS_CHILD)) {
+    HWND parent = ::GetParent(window);
+    if (!parent) break;
+    window = parent;
+  }
+  return window;
 }
 
 std::string describe(HWND window) {

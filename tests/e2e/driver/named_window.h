@@ -13,11 +13,14 @@ std::string designName(HWND window);
 
 // The window with that design name among all top-level windows and their
 // descendants; a visible one is preferred. Null when there is none.
-HWND findNamed(const std::string &name);
+HWND findNamed(const std::string& name);
 
 // Text of a window of any process (WM_GETTEXT), and its class name.
 std::string windowText(HWND window);
 std::string className(HWND window);
+
+// The top-level window that holds `window` (GetAncestor is not on 98).
+HWND topLevelOf(HWND window);
 
 // A short description for messages: design name, else class and text.
 std::string describe(HWND window);

@@ -5,7 +5,7 @@
 
 namespace drive {
 
-std::string format(const char *pattern, ...) {
+std::string format(const char* pattern, ...) {
   char text[2048];
   va_list args;
   va_start(args, pattern);

@@ -17,6 +17,6 @@ inline Outcome pass(std::string detail = {}) { return {true, std::move(detail)};
 inline Outcome fail(std::string detail) { return {false, std::move(detail)}; }
 
 // printf-style formatting into a std::string.
-std::string format(const char *pattern, ...) __attribute__((format(printf, 1, 2)));
+std::string format(const char* pattern, ...) __attribute__((format(printf, 1, 2)));
 
 } // namespace drive

@@ -5,7 +5,7 @@ namespace {
 bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 } // namespace
 
-bool splitWords(const std::string &line, Args *words, std::string *error) {
+bool splitWords(const std::string& line, Args* words, std::string* error) {
   words->clear();
   std::size_t i = 0;
   while (true) {
@@ -39,9 +39,9 @@ bool splitWords(const std::string &line, Args *words, std::string *error) {
   }
 }
 
-std::string joinWords(const Args &words) {
+std::string joinWords(const Args& words) {
   std::string line;
-  for (const auto &word : words) {
+  for (const auto& word : words) {
     if (!line.empty()) line += ' ';
     bool quote = word.empty();
     for (const char c : word)

@@ -11,9 +11,9 @@ namespace drive {
 // inside quotes "" stands for one quote. Backslashes are ordinary characters,
 // so Windows paths are written as they are. Returns false, with the reason in
 // *error, for an unterminated quote.
-bool splitWords(const std::string &line, Args *words, std::string *error);
+bool splitWords(const std::string& line, Args* words, std::string* error);
 
 // The words joined back, quoted where needed, for messages.
-std::string joinWords(const Args &words);
+std::string joinWords(const Args& words);
 
 } // namespace drive

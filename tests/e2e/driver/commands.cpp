@@ -1,0 +1,69 @@
+#include "tests/e2e/driver/commands.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace drive {
+namespace {
+
+using enum Timing;
+
+// Arguments count after the command name.
+constexpr Command kCommands[] = {
+    {"wait", 2, 2, Once, cmd::wait, "NAME MS", "window NAME exists and is visible within MS"},
+    {"expect-gone", 1, 1, Retried, cmd::expectGone, "NAME", "no visible window is NAME"},
+    {"click", 1, 1, Retried, cmd::click, "NAME", "left click on the middle of NAME"},
+    {"clickitem", 2, 2, Retried, cmd::clickItem, "NAME INDEX", "click list box item INDEX"},
+    {"clicktab", 2, 2, Retried, cmd::clickTab, "NAME INDEX", "click tab INDEX (from 0)"},
+    {"type", 2, 2, Retried, cmd::type, "NAME TEXT", "click into NAME, select all, type TEXT"},
+    {"key", 1, 1, Once, cmd::key, "KEY", "strike Enter, Esc, Tab, Shift+Tab, Alt+F4, ..."},
+    {"expect-text", 2, 2, Retried, cmd::expectText, "NAME TEXT", "window text is TEXT"},
+    {"expect-check", 2, 2, Retried, cmd::expectCheck, "NAME 0|1|2", "BM_GETCHECK answers so"},
+    {"expect-enabled", 2, 2, Retried, cmd::expectEnabled, "NAME 0|1", "IsWindowEnabled"},
+    {"expect-visible", 2, 2, Retried, cmd::expectVisible, "NAME 0|1", "IsWindowVisible"},
+    {"expect-item", 3, 3, Retried, cmd::expectItem, "NAME INDEX 0|1", "list box item selected"},
+    {"expect-tab", 2, 2, Retried, cmd::expectTab, "NAME INDEX", "the selected tab"},
+    {"expect-tabimage", 3, 3, Retried, cmd::expectTabImage, "NAME TAB IMAGE", "a tab's picture"},
+    {"expect-reg", 4, 5, Retried, cmd::expectReg, "ROOT KEY VALUE TYPE [DATA]",
+     "TYPE: binary HEX, sz TEXT, dword N, absent"},
+    {"expect-file", 2, 2, Retried, cmd::expectFile, "WINPATH HOSTFILE", "same bytes as HOSTFILE"},
+    {"expect-file-contains", 2, 2, Retried, cmd::expectFileContains, "WINPATH TEXT",
+     "the file holds TEXT"},
+    {"expect-nofile", 1, 1, Retried, cmd::expectNoFile, "WINPATH", "no such file or folder"},
+    {"expect-msgbox", 2, 2, Retried, cmd::expectMsgbox, "CAPTION TEXT",
+     "a message box CAPTION whose text holds TEXT"},
+    {"press-msgbox", 1, 2, Retried, cmd::pressMsgbox, "BUTTON [CAPTION]",
+     "click IDOK, IDCANCEL, IDYES, ... of a message box"},
+    {"expect-exit", 2, 2, Once, cmd::expectExit, "PROGRAM.EXE MS", "the program ends within MS"},
+    {"sleep", 1, 1, Once, cmd::sleep, "MS", "wait MS milliseconds"},
+    {"timeout", 1, 1, Once, cmd::timeout, "MS", "how long later steps keep trying"},
+};
+
+unsigned stepTimeout = 3000;
+
+} // namespace
+
+const Command *findCommand(const std::string &name) {
+  for (const auto &command : kCommands)
+    if (name == command.name) return &command;
+  return nullptr;
+}
+
+void printCommands() {
+  for (const auto &command : kCommands)
+    std::printf("  %-20s %-26s %s\n", command.name, command.args, command.does);
+  std::printf("  %-20s %-26s %s\n", "not", "COMMAND ARGS...", "the command fails (tried once)");
+}
+
+unsigned stepTimeoutMs() { return stepTimeout; }
+void setStepTimeoutMs(unsigned ms) { stepTimeout = ms; }
+
+bool parseNumber(const std::string &text, long *value) {
+  if (text.empty()) return false;
+  char *end = nullptr;
+  *value = std::strtol(text.c_str(), &end, 0);
+  return *end == '\0';
+}
+
+} // namespace drive

@@ -1,0 +1,204 @@
+#!/usr/bin/env bash
+# End-to-end tests: each tests/e2e/cases/*.e2e tells a user's story to a
+# program running in the Windows 98 prefix under an X display; the steps are
+# carried out and checked by tl99drive.exe, inside the same prefix. Ends with
+# one line "e2e: N passed, N failed" (one test per case file).
+#
+#   tests/e2e/run-e2e.sh [CASE.e2e ...]
+#
+# It uses $WINEPREFIX and $DISPLAY when they are set (tools/test-all.sh sets
+# both); otherwise it makes build/wine98 and starts its own Xvfb.
+#
+# A case file holds one directive per line:
+#   # text                comment
+#   fresh-prefix          puts the prefix back in its made state (ends any program first)
+#   program PATH [ARGS]   starts PATH (an exe, relative to the repository) in the
+#                         background, with its own folder as the current folder
+#   drive COMMAND ARGS    one step of tl99drive.exe ("tl99drive.exe -h" lists them)
+#   screenshot NAME.png   saves the screen as build/e2e-artifacts/CASE/NAME.png
+# Words with blanks go in double quotes. Consecutive drive lines run in one
+# driver session; failures name the case file's line. A case stops at its
+# first failed step, and the screen is saved as failure-line-N.png. When a
+# case ends, every Wine process of the prefix is ended.
+set -uo pipefail
+cd "$(dirname "$0")/../.."
+root=$PWD
+. tools/wine-user.sh
+. tools/xvfb.sh
+
+artifacts=$root/build/e2e-artifacts
+driver=build/win32/tests/e2e/driver/tl99drive.exe
+
+if [ -z "${WINEPREFIX:-}" ] || [ ! -f "$WINEPREFIX/system.reg" ]; then
+  export WINEPREFIX=${WINEPREFIX:-$root/build/wine98}
+  tools/make-win98-prefix.sh "$WINEPREFIX" || { echo "e2e: 0 passed, 1 failed"; exit 1; }
+fi
+if [ -z "${DISPLAY:-}" ]; then
+  start_xvfb || { echo "e2e: 0 passed, 1 failed"; exit 1; }
+  trap 'stop_xvfb' EXIT
+fi
+# The driver and the harness's own target; everything else is built by
+# tools/build-all.sh.
+if [ -f build/win32/build.ninja ]; then
+  cmake --build build/win32 --target tl99drive tl99_e2e_target >/dev/null ||
+    { echo "e2e: 0 passed, 1 failed"; exit 1; }
+fi
+mkdir -p "$artifacts"
+
+# Splits $1 into the array WORDS, by the driver's rules: blanks separate
+# words, double quotes hold blanks, "" inside quotes stands for a quote.
+split_words() {
+  WORDS=()
+  local s=$1 i=0 n=${#1} word
+  while true; do
+    while [ "$i" -lt "$n" ] && [[ ${s:i:1} == [[:blank:]] ]]; do i=$((i + 1)); done
+    [ "$i" -ge "$n" ] && return 0
+    word=
+    if [ "${s:i:1}" = '"' ]; then
+      i=$((i + 1))
+      while true; do
+        [ "$i" -ge "$n" ] && return 1
+        if [ "${s:i:1}" = '"' ]; then
+          if [ "${s:i+1:1}" = '"' ]; then
+            word+='"'
+            i=$((i + 2))
+            continue
+          fi
+          i=$((i + 1))
+          break
+        fi
+        word+=${s:i:1}
+        i=$((i + 1))
+      done
+    else
+      while [ "$i" -lt "$n" ] && [[ ${s:i:1} != [[:blank:]] ]]; do
+        word+=${s:i:1}
+        i=$((i + 1))
+      done
+    fi
+    WORDS+=("$word")
+  done
+}
+
+end_wine() {
+  as_wine_user wineserver -k >/dev/null 2>&1
+  as_wine_user wineserver -w >/dev/null 2>&1
+}
+
+# One case. Sets case_failed (0 or 1) and case_steps.
+run_case() {
+  local file=$1
+  local name
+  name=$(basename "$file" .e2e)
+  local dir=$artifacts/$name
+  local log=$dir/case.log
+  rm -rf "$dir"
+  mkdir -p "$dir"
+  case_failed=0
+  case_steps=0
+  local line_no=0 batch=0 batch_file= first_line= program_pid=
+
+  note() { echo "$*" | tee -a "$log"; }
+  fail_at() { # LINE MESSAGE
+    note "FAIL: $name.e2e:$1: $2"
+    case_failed=1
+  }
+  # Runs the drive lines gathered so far in one driver session.
+  flush() {
+    [ -n "$batch_file" ] || return 0
+    local output rc
+    output=$(as_wine_user timeout 600 wine "$driver" -f "${batch_file#"$root"/}" 2>&1)
+    rc=$?
+    output=$(printf '%s\n' "$output" | tr -d '\r' | grep -E '^(ok|FAIL): ')
+    [ -n "$output" ] && note "$output"
+    case_steps=$((case_steps + $(printf '%s\n' "$output" | grep -c '^ok: ')))
+    if [ "$rc" -ne 0 ]; then
+      case_failed=1
+      local at
+      at=$(printf '%s\n' "$output" | grep -m1 '^FAIL: ' | grep -oE "^FAIL: $name\.e2e:[0-9]+" |
+        grep -oE '[0-9]+$')
+      [ -n "$output" ] || note "FAIL: $name.e2e:$first_line: the driver ended with code $rc"
+      import -window root "$dir/failure-line-${at:-$first_line}.png" 2>/dev/null
+    fi
+    batch_file=
+  }
+
+  note "== $name"
+  while IFS= read -r line || [ -n "$line" ]; do
+    line_no=$((line_no + 1))
+    line=${line%$'\r'}
+    line=${line#"${line%%[![:blank:]]*}"}
+    [ -z "$line" ] || [ "${line:0:1}" = "#" ] && continue
+    local directive=${line%%[[:blank:]]*}
+    local rest=${line#"$directive"}
+    if [ "$directive" = drive ]; then
+      if [ -z "$batch_file" ]; then
+        batch=$((batch + 1))
+        batch_file=$dir/steps-$batch.txt
+        first_line=$line_no
+        : >"$batch_file"
+      fi
+      echo "@$name.e2e:$line_no $rest" >>"$batch_file"
+      continue
+    fi
+    flush
+    [ "$case_failed" -eq 0 ] || break
+    if ! split_words "$rest"; then
+      fail_at "$line_no" "unterminated quote"
+      break
+    fi
+    case $directive in
+    fresh-prefix)
+      end_wine
+      tools/make-win98-prefix.sh "$WINEPREFIX" >>"$log" 2>&1 ||
+        fail_at "$line_no" "could not make the prefix"
+      ;;
+    program)
+      local exe=${WORDS[0]:-}
+      [ "${exe:0:1}" = / ] || exe=$root/$exe
+      if [ ! -f "$exe" ]; then
+        fail_at "$line_no" "no program $exe"
+      else
+        (cd "$(dirname "$exe")" && as_wine_user wine "$exe" "${WORDS[@]:1}") >>"$dir/program.log" 2>&1 &
+        program_pid=$!
+        note "ok: $name.e2e:$line_no: started ${WORDS[0]}"
+      fi
+      ;;
+    screenshot)
+      if import -window root "$dir/${WORDS[0]:-screen.png}"; then
+        note "ok: $name.e2e:$line_no: screenshot ${WORDS[0]:-screen.png}"
+      else
+        fail_at "$line_no" "screenshot failed"
+      fi
+      ;;
+    *) fail_at "$line_no" "unknown directive $directive" ;;
+    esac
+    [ "$case_failed" -eq 0 ] || break
+  done <"$file"
+  [ "$case_failed" -eq 0 ] && flush
+  end_wine
+  [ -n "$program_pid" ] && wait "$program_pid" 2>/dev/null
+  return 0
+}
+
+passed=0
+failed=0
+cases=("$@")
+[ "${#cases[@]}" -gt 0 ] || cases=(tests/e2e/cases/*.e2e)
+for file in "${cases[@]}"; do
+  [ -f "$file" ] || continue
+  start=$(date +%s%3N)
+  run_case "$file"
+  took_ms=$(($(date +%s%3N) - start))
+  took=$((took_ms / 1000)).$((took_ms % 1000 / 100))
+  if [ "$case_failed" -eq 0 ]; then
+    passed=$((passed + 1))
+    echo "PASS $(basename "$file") ($case_steps steps, $took s)"
+  else
+    failed=$((failed + 1))
+    echo "FAIL $(basename "$file") (after $case_steps steps, $took s;" \
+      "see build/e2e-artifacts/$(basename "$file" .e2e)/)"
+  fi
+done
+echo "e2e: $passed passed, $failed failed"
+[ "$failed" -eq 0 ]
