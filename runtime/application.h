@@ -48,6 +48,11 @@ public:
   int screenHeight = 600 * 15;
   int twipsPerPixelX = 15;
   int twipsPerPixelY = 15;
+  // What a form's border and caption add to its client area, in twips (a
+  // fixed single border of 3 pixels and an 18-pixel caption until the
+  // presentation reads the system's figures).
+  int borderWidth = 3 * 15;
+  int captionHeight = 18 * 15;
 
   void registerForm(Form* form) { forms_.push_back(form); }
   const std::vector<Form*>& forms() const { return forms_; }

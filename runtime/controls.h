@@ -229,9 +229,17 @@ private:
 };
 
 // A tab strip whose tabs hold controls; only the current tab's controls show.
+// Its controls stand at their positions relative to the strip's top-left
+// corner, wherever the tabs themselves are drawn.
 class TabStrip : public Control {
 public:
   using Control::Control;
+  enum class Orientation { Top, Bottom, Left, Right };
+  Orientation orientation() const { return orientation_; }
+  void setOrientation(Orientation orientation) {
+    orientation_ = orientation;
+    notify(Property::Tabs);
+  }
   int tabs() const { return static_cast<int>(captions_.size()); }
   void setTabs(int count);
   int tabsPerRow() const { return tabsPerRow_; }
@@ -257,6 +265,7 @@ private:
   int tabHeight_ = 0;
   int tab_ = 0;
   int previousTab_ = 0;
+  Orientation orientation_ = Orientation::Top;
 };
 
 // An up-down control whose Value steps by Increment between Min and Max.

@@ -27,6 +27,12 @@ void Form::setCaption(const std::string& caption) {
   notify(Property::Caption);
 }
 
+void Form::setClientSize(int width, int height) {
+  const auto& app = Application::instance();
+  move(left(), top(), width + 2 * app.borderWidth,
+       height + 2 * app.borderWidth + app.captionHeight);
+}
+
 void Form::setWindowState(int state) {
   if (windowState_ == state) return;
   windowState_ = state;

@@ -53,6 +53,9 @@ public:
 
   const std::string& caption() const { return caption_; }
   void setCaption(const std::string& caption);
+  // Sizes the form so that its client area has this size in twips; Width and
+  // Height then include the border and caption.
+  void setClientSize(int width, int height);
   int windowState() const { return windowState_; } // 0 normal, 1 minimised
   void setWindowState(int state);
   const WindowRegion* region() const { return hasRegion_ ? &region_ : nullptr; }

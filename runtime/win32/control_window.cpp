@@ -58,8 +58,17 @@ WindowKind windowKindOf(const Control& control) {
   case ControlKind::FileListBox:
     return {"LISTBOX", child | WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
             WS_EX_CLIENTEDGE};
-  case ControlKind::TabStrip:
-    return {WC_TABCONTROLA, child | WS_CLIPCHILDREN | TCS_MULTILINE | TCS_FIXEDWIDTH, 0};
+  case ControlKind::TabStrip: {
+    DWORD placement = 0;
+    switch (static_cast<const TabStrip&>(control).orientation()) {
+    case TabStrip::Orientation::Top: break;
+    case TabStrip::Orientation::Bottom: placement = TCS_BOTTOM; break;
+    case TabStrip::Orientation::Left: placement = TCS_VERTICAL; break;
+    case TabStrip::Orientation::Right: placement = TCS_VERTICAL | TCS_RIGHT; break;
+    }
+    return {WC_TABCONTROLA, child | WS_CLIPCHILDREN | TCS_MULTILINE | TCS_FIXEDWIDTH | placement,
+            0};
+  }
   case ControlKind::SpinControl: return {UPDOWN_CLASSA, child | UDS_ARROWKEYS, 0};
   case ControlKind::UserControlHost: return {"TL99UserControl", child, 0};
   case ControlKind::Timer: return {nullptr, 0, 0};
@@ -141,6 +150,9 @@ void ControlWindow::create(HWND parent) {
         ::SetWindowLongA(hwnd_, GWL_WNDPROC, reinterpret_cast<LONG>(&Presenter::windowProc)));
   }
   name_ = std::make_unique<NameTag>(hwnd_, control_.designName());
+  // Each control lies above the ones created before it.
+  if (control_.kind() != ControlKind::Form)
+    ::SetWindowPos(hwnd_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   ::SendMessageA(hwnd_, WM_SETFONT, reinterpret_cast<WPARAM>(presenter_.font(control_.font())),
                  FALSE);
   if (control_.kind() == ControlKind::TabStrip)
@@ -161,16 +173,7 @@ void ControlWindow::applyAll() {
   applyVisibility();
 }
 
-POINT ControlWindow::childOrigin() const {
-  POINT origin{0, 0};
-  if (control_.kind() == ControlKind::TabStrip && hwnd_) {
-    RECT area;
-    ::GetClientRect(hwnd_, &area);
-    ::SendMessageA(hwnd_, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&area));
-    origin = {area.left, area.top};
-  }
-  return origin;
-}
+POINT ControlWindow::childOrigin() const { return POINT{0, 0}; }
 
 void ControlWindow::applyGeometry() {
   if (!hwnd_) return;
@@ -275,9 +278,15 @@ void ControlWindow::applyTabs() {
   }
   RECT client;
   ::GetClientRect(hwnd_, &client);
-  const int width = (client.right - client.left) / tabs.tabsPerRow() - 1;
-  const int height = tabs.tabHeight() > 0 ? toPixels(tabs.tabHeight()) : 0;
-  ::SendMessageA(hwnd_, TCM_SETITEMSIZE, 0, MAKELPARAM(width, height));
+  if (tabs.orientation() == TabStrip::Orientation::Right ||
+      tabs.orientation() == TabStrip::Orientation::Left) {
+    // Tabs that show only a picture stand in one column along the edge.
+    ::SendMessageA(hwnd_, TCM_SETITEMSIZE, 0, MAKELPARAM(40, 44));
+  } else {
+    const int width = (client.right - client.left) / tabs.tabsPerRow() - 1;
+    const int height = tabs.tabHeight() > 0 ? toPixels(tabs.tabHeight()) : 0;
+    ::SendMessageA(hwnd_, TCM_SETITEMSIZE, 0, MAKELPARAM(width, height));
+  }
   ::SendMessageA(hwnd_, TCM_SETCURSEL, static_cast<WPARAM>(tabs.tab()), 0);
   for (Control* child : control_.children())
     if (auto* window = static_cast<ControlWindow*>(child->view())) window->applyGeometry();

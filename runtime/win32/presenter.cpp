@@ -3,6 +3,7 @@
 #include "runtime/application.h"
 #include "runtime/basic_error.h"
 #include "runtime/win32/control_window.h"
+#include "runtime/win32/units.h"
 
 #include <commctrl.h>
 
@@ -51,6 +52,11 @@ void ImageListHandle::reset(HIMAGELIST list) {
 
 Presenter::Presenter(HINSTANCE instance) : instance_(instance) {
   ::InitCommonControls();
+  auto& app = Application::instance();
+  app.screenWidth = ::GetSystemMetrics(SM_CXSCREEN) * kTwipsPerPixel;
+  app.screenHeight = ::GetSystemMetrics(SM_CYSCREEN) * kTwipsPerPixel;
+  app.borderWidth = ::GetSystemMetrics(SM_CXFIXEDFRAME) * kTwipsPerPixel;
+  app.captionHeight = ::GetSystemMetrics(SM_CYCAPTION) * kTwipsPerPixel;
   registerClasses();
   tabImages_.reset(::ImageList_Create(kTabImageSize, kTabImageSize, ILC_COLOR8 | ILC_MASK, 20, 4));
   Application::instance().onEnd = [] { ::PostQuitMessage(0); };
@@ -167,7 +173,9 @@ void Presenter::timerTicked(UINT_PTR id) {
 }
 
 Form* Presenter::formOf(HWND window) const {
-  const HWND top = ::GetAncestor(window, GA_ROOT);
+  HWND top = window;
+  while (top && (::GetWindowLongA(top, GWL_STYLE) & WS_CHILD))
+    top = ::GetParent(top);
   if (auto* view = ControlWindow::of(top); view && view->control().kind() == ControlKind::Form)
     return static_cast<Form*>(&view->control());
   return nullptr;

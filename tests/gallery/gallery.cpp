@@ -148,7 +148,7 @@ struct Gallery {
     tabs.setTabsPerRow(3);
     for (int i = 0; i < 3; ++i) {
       tabs.setTabCaption(i, "Page " + std::to_string(i));
-      Frame& page = tabpage.add(form, i, &tabs, {60, 60, 3900, 1500});
+      Frame& page = tabpage.add(form, i, &tabs, {60, 720, 3900, 1500});
       page.placeOnTab(i);
       page.setCaption("Contents of page " + std::to_string(i));
       form.add<Label>("tablabel", i, &page, {120, 360, 3000, 255})
