@@ -8,6 +8,7 @@
 #include "platform/platform.h"
 #include "runtime/application.h"
 #include "runtime/basic_error.h"
+#include "runtime/basic_files.h"
 #include "sysaccess/system_helpers.h"
 
 namespace frame {
@@ -143,6 +144,17 @@ void FMain::Form_Load() {
   windir = sysaccess::GetWinDir();
   windir = throughHidden(windir);
 
+  // A scanreg.ini without this program's marker is replaced by the template
+  // beside the program; a missing template leaves no scanreg.ini at all.
+  const std::string scanreg = windir + "\\scanreg.ini";
+  if (sysaccess::GetFromINI("-=Note=-", "Altered by Tweakloom 99", scanreg) !=
+      "Please do not edit manually") {
+    windir = Hidden->text();
+    resuming = true;
+    step([&] { Kill(scanreg); });
+    step([&] { FileCopy("Tweakloom 99.sam", scanreg); });
+  }
+
   step([&] { read("ref_oem_page"); });
   step([&] { is_win98 = reflab(); });
   for (const char* reader : {"ref_boot", "ref_connection", "ref_net_sec", "ref_scanreg", "mtu_opt",
@@ -197,8 +209,8 @@ void FMain::MainTab_Click() {
 }
 
 void FMain::pageButtonClick(const std::string& name) {
-  const auto work = applyWork.find(name);
-  if (work != applyWork.end() && work->second) {
+  const auto work = buttonWork.find(name);
+  if (work != buttonWork.end() && work->second) {
     work->second();
     return;
   }

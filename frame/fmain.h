@@ -3,6 +3,7 @@
 // stores for hover feedback and the form-level fields the pages share.
 #pragma once
 
+#include "pages/page_host.h"
 #include "runtime/control_array.h"
 #include "runtime/form.h"
 #include "runtime/value.h"
@@ -16,7 +17,7 @@ namespace frame {
 class WinExit;
 class FrmShape;
 
-struct FMain {
+struct FMain : pages::PageHost {
   FMain();
   FMain(const FMain&) = delete;
   FMain& operator=(const FMain&) = delete;
@@ -71,11 +72,23 @@ struct FMain {
   runtime::Value hour_pad, minute_pad, second_pad, status_line;
 
   // ---- Pages ----
-  // A page's reader and Apply work, set by the page when it is built. A
-  // reader that no page has set yet is passed over.
+  // A page's readers and the work of its picture buttons, set by the page
+  // when it is built. A reader that no page has set yet is passed over.
   std::map<std::string, std::function<void()>> readers;
-  std::map<std::string, std::function<void()>> applyWork;
+  std::map<std::string, std::function<void()>> buttonWork;
   void read(const std::string& reader);
+
+  runtime::Form& mainForm() override { return form; }
+  runtime::Frame& pageFrame(int frameIndex) override { return Frame4(frameIndex); }
+  runtime::PictureBox& pageButton(const std::string& name) override { return button(name); }
+  std::string throughHidden(const runtime::Value& value) override;
+  const std::string& windowsDirectory() const override { return windir; }
+  void setReader(const std::string& name, std::function<void()> reader) override {
+    readers[name] = std::move(reader);
+  }
+  void setButtonWork(const std::string& name, std::function<void()> work) override {
+    buttonWork[name] = std::move(work);
+  }
 
   // ---- Routines ----
   void Form_Load();
@@ -86,8 +99,6 @@ struct FMain {
   void Timer1_Timer();
   void MainTab_Click();
   void restoreImages(); // the mouse-elsewhere routine
-  // The text normaliser: the value through the hidden text box.
-  std::string throughHidden(const runtime::Value& value);
 
   // The other two forms, for the corner buttons and the system gate.
   WinExit* winExit = nullptr;

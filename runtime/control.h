@@ -31,6 +31,7 @@ enum class ControlKind {
   TabStrip,
   SpinControl,
   UserControlHost,
+  Line,
 };
 
 // What changed, so that the presentation updates only that.

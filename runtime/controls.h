@@ -130,6 +130,14 @@ public:
   using PictureBox::PictureBox;
 };
 
+// A straight line between two corners of its bounds: horizontal when it has
+// no height, vertical when it has no width.
+class Line : public Control {
+public:
+  using Control::Control;
+  bool canTakeFocus() const override { return false; }
+};
+
 class Frame : public Control {
 public:
   using Control::Control;

@@ -139,6 +139,8 @@ template <class T> ControlKind Form::kindOf() {
     return ControlKind::SpinControl;
   else if constexpr (std::is_same_v<T, UserControlHost>)
     return ControlKind::UserControlHost;
+  else if constexpr (std::is_same_v<T, Line>)
+    return ControlKind::Line;
   else
     static_assert(sizeof(T) == 0, "not a runtime control");
 }

@@ -71,6 +71,7 @@ WindowKind windowKindOf(const Control& control) {
   }
   case ControlKind::SpinControl: return {UPDOWN_CLASSA, child | UDS_ARROWKEYS, 0};
   case ControlKind::UserControlHost: return {"TL99UserControl", child, 0};
+  case ControlKind::Line: return {"TL99Line", child, 0};
   case ControlKind::Timer: return {nullptr, 0, 0};
   }
   return {nullptr, 0, 0};
@@ -177,7 +178,12 @@ POINT ControlWindow::childOrigin() const { return POINT{0, 0}; }
 
 void ControlWindow::applyGeometry() {
   if (!hwnd_) return;
-  const Bounds& b = control_.bounds();
+  Bounds b = control_.bounds();
+  if (control_.kind() == ControlKind::Line) {
+    // An etched line is two pixels across.
+    if (b.width == 0) b.width = 2 * kTwipsPerPixel;
+    if (b.height == 0) b.height = 2 * kTwipsPerPixel;
+  }
   if (control_.kind() == ControlKind::Form) {
     ::SetWindowPos(hwnd_, nullptr, toPixels(b.left), toPixels(b.top), toPixels(b.width),
                    toPixels(b.height), SWP_NOZORDER | SWP_NOACTIVATE);
@@ -216,7 +222,17 @@ void ControlWindow::applyText() {
   updating_ = true;
   ::SetWindowTextA(hwnd_, text->c_str());
   updating_ = wasUpdating;
-  if (isOwnClass(control_)) ::InvalidateRect(hwnd_, nullptr, TRUE);
+  if (!isOwnClass(control_)) return;
+  if (control_.kind() == ControlKind::Label && static_cast<Label&>(control_).transparent()) {
+    // The parent paints the background again under a see-through label.
+    RECT area;
+    ::GetWindowRect(hwnd_, &area);
+    const HWND parent = ::GetParent(hwnd_);
+    ::MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&area), 2);
+    ::RedrawWindow(parent, &area, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    return;
+  }
+  ::InvalidateRect(hwnd_, nullptr, TRUE);
 }
 
 void ControlWindow::applyValue() {
@@ -440,6 +456,12 @@ void ControlWindow::paint() {
     ::DrawTextA(dc, label.caption().c_str(), -1, &client, align | DT_WORDBREAK);
     break;
   }
+  case ControlKind::Line: {
+    RECT edge = client;
+    const bool across = client.right - client.left > client.bottom - client.top;
+    ::DrawEdge(dc, &edge, EDGE_ETCHED, across ? BF_TOP : BF_LEFT);
+    break;
+  }
   case ControlKind::Frame: {
     const auto& frame = static_cast<Frame&>(control_);
     if (!frame.bordered()) break;
@@ -601,8 +623,11 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool& 
     if (!own) break;
     handled = true;
     return 1; // painted in WM_PAINT
-  case WM_MOUSEMOVE:
-  case WM_LBUTTONUP: mouseEvent(message, wParam, lParam); break;
+  case WM_MOUSEMOVE: mouseEvent(message, wParam, lParam); break;
+  case WM_LBUTTONUP:
+    // System controls (buttons, lists) press and capture on their own.
+    if (own) mouseEvent(message, wParam, lParam);
+    break;
   case WM_LBUTTONDOWN:
     if (control_.kind() == ControlKind::ListBox &&
         static_cast<ListBox&>(control_).hasCheckMarks() &&

@@ -83,7 +83,7 @@ Presenter::~Presenter() {
 
 void Presenter::registerClasses() {
   for (const char* name :
-       {"TL99Form", "TL99Label", "TL99Picture", "TL99Frame", "TL99UserControl"}) {
+       {"TL99Form", "TL99Label", "TL99Picture", "TL99Frame", "TL99UserControl", "TL99Line"}) {
     WNDCLASSA windowClass{};
     windowClass.style = CS_DBLCLKS;
     windowClass.lpfnWndProc = &Presenter::windowProc;
