@@ -158,8 +158,14 @@ void FMain::Form_Load() {
   step([&] { read("ref_oem_page"); });
   step([&] { is_win98 = reflab(); });
   for (const char* reader : {"ref_boot", "ref_connection", "ref_net_sec", "ref_scanreg", "mtu_opt",
-                             "ref_uninstall_list", "ref_desk", "ref_access"})
-    step([&] { read(reader); });
+                             "ref_uninstall_list", "ref_desk", "ref_access"}) {
+    // The load goes on past a backup directory that doesn't exist, which
+    // would otherwise end every start once it has been saved.
+    if (std::string(reader) == "ref_scanreg")
+      resume([&] { read(reader); });
+    else
+      step([&] { read(reader); });
+  }
   for (const CaptionRow& row : kRunTimeCaptions)
     step([&] { setCaptionOf(form.find(row.control), row.caption); });
   step([&] {
