@@ -29,14 +29,17 @@ constexpr std::uint32_t kFileHeaderSize = 14;
 constexpr std::uint32_t kInfoHeaderSize = 40;
 constexpr std::int32_t kPixelsPerMetre = 3780; // 96 dots per inch
 
-void putInfoHeader(Bytes& out, int width, int height, int bits, std::uint32_t imageSize,
-                   std::uint32_t colorsUsed) {
+constexpr std::uint32_t kBiRgb = 0;
+constexpr std::uint32_t kBiRle8 = 1;
+
+void putInfoHeader(Bytes& out, int width, int height, int bits, std::uint32_t compression,
+                   std::uint32_t imageSize, std::uint32_t colorsUsed) {
   put32(out, kInfoHeaderSize);
   put32(out, static_cast<std::uint32_t>(width));
   put32(out, static_cast<std::uint32_t>(height));
   put16(out, 1); // planes
   put16(out, static_cast<unsigned>(bits));
-  put32(out, 0); // BI_RGB
+  put32(out, compression);
   put32(out, imageSize);
   put32(out, kPixelsPerMetre);
   put32(out, kPixelsPerMetre);
@@ -53,6 +56,47 @@ const Color kVga[16] = {pal::black, pal::maroon,  pal::green, pal::olive, pal::n
                         pal::teal,  pal::silver,  pal::gray,  pal::red,   pal::lime, pal::yellow,
                         pal::blue,  pal::fuchsia, pal::aqua,  pal::white};
 
+// One row of palette indexes in BI_RLE8 form: runs of one index as (count,
+// index), stretches of differing indexes as absolute groups (0, count, the
+// indexes, padded to a word), then the end-of-line mark.
+void putRle8Row(Bytes& out, const std::vector<std::uint8_t>& row) {
+  std::size_t x = 0;
+  const auto runAt = [&](std::size_t at) {
+    std::size_t n = 1;
+    while (at + n < row.size() && row[at + n] == row[at] && n < 255)
+      ++n;
+    return n;
+  };
+  while (x < row.size()) {
+    const std::size_t run = runAt(x);
+    if (run >= 2) {
+      out.push_back(static_cast<std::uint8_t>(run));
+      out.push_back(row[x]);
+      x += run;
+      continue;
+    }
+    std::size_t end = x;
+    while (end < row.size() && end - x < 255 && runAt(end) < 3)
+      ++end;
+    const std::size_t count = end - x;
+    if (count < 3) {
+      for (; x < end; ++x) {
+        out.push_back(1);
+        out.push_back(row[x]);
+      }
+      continue;
+    }
+    out.push_back(0);
+    out.push_back(static_cast<std::uint8_t>(count));
+    out.insert(out.end(), row.begin() + static_cast<std::ptrdiff_t>(x),
+               row.begin() + static_cast<std::ptrdiff_t>(end));
+    if (count % 2) out.push_back(0);
+    x = end;
+  }
+  out.push_back(0);
+  out.push_back(0); // end of line
+}
+
 } // namespace
 
 Bytes encodeBmp(const Image& img) {
@@ -66,7 +110,22 @@ Bytes encodeBmp(const Image& img) {
   const bool indexed = colors.size() <= 256;
   const int bits = indexed ? 8 : 24;
   const std::uint32_t rowBytes = stride(w, bits);
-  const std::uint32_t imageSize = rowBytes * static_cast<std::uint32_t>(h);
+  // Palette images go run-length encoded when that is smaller.
+  Bytes rle;
+  if (indexed) {
+    for (int y = h - 1; y >= 0; --y) {
+      std::vector<std::uint8_t> row;
+      for (int x = 0; x < w; ++x)
+        row.push_back(static_cast<std::uint8_t>(
+            std::lower_bound(colors.begin(), colors.end(), img.at(x, y)) - colors.begin()));
+      putRle8Row(rle, row);
+    }
+    rle.push_back(0);
+    rle.push_back(1); // end of bitmap
+  }
+  const bool compressed = indexed && rle.size() < rowBytes * static_cast<std::uint32_t>(h);
+  const std::uint32_t imageSize = compressed ? static_cast<std::uint32_t>(rle.size())
+                                             : rowBytes * static_cast<std::uint32_t>(h);
   const std::uint32_t paletteSize = indexed ? static_cast<std::uint32_t>(colors.size()) * 4 : 0;
   const std::uint32_t offset = kFileHeaderSize + kInfoHeaderSize + paletteSize;
 
@@ -77,11 +136,15 @@ Bytes encodeBmp(const Image& img) {
   put32(out, offset + imageSize);
   put32(out, 0); // reserved
   put32(out, offset);
-  putInfoHeader(out, w, h, bits, imageSize,
+  putInfoHeader(out, w, h, bits, compressed ? kBiRle8 : kBiRgb, imageSize,
                 indexed ? static_cast<std::uint32_t>(colors.size()) : 0);
   if (indexed)
     for (Color c : colors)
       putColor(out, c);
+  if (compressed) {
+    out.insert(out.end(), rle.begin(), rle.end());
+    return out;
+  }
   for (int y = h - 1; y >= 0; --y) { // bottom-up
     const std::size_t start = out.size();
     for (int x = 0; x < w; ++x) {
@@ -109,7 +172,7 @@ Bytes encodeIco(const std::vector<Image>& pictures, Color key) {
     const std::uint32_t size = (xorRow + andRow) * static_cast<std::uint32_t>(h);
     Bytes data;
     // The height of an icon image counts the colour rows and the mask rows.
-    putInfoHeader(data, w, 2 * h, 4, size, 0);
+    putInfoHeader(data, w, 2 * h, 4, kBiRgb, size, 0);
     for (Color c : kVga)
       putColor(data, c);
     for (int y = h - 1; y >= 0; --y) {
