@@ -172,6 +172,14 @@ void Presenter::timerTicked(UINT_PTR id) {
   if (found != timers_.end()) found->second->tick();
 }
 
+// Enter and Esc in a dropped-down combo list pick or drop the choice there.
+bool Presenter::inOpenComboList(HWND window) {
+  char className[16] = {};
+  ::GetClassNameA(window, className, sizeof className);
+  if (lstrcmpiA(className, "ComboLBox") == 0) return true;
+  return lstrcmpiA(className, "ComboBox") == 0 && ::SendMessageA(window, CB_GETDROPPEDSTATE, 0, 0);
+}
+
 Form* Presenter::formOf(HWND window) const {
   HWND top = window;
   while (top && (::GetWindowLongA(top, GWL_STYLE) & WS_CHILD))
@@ -194,7 +202,8 @@ bool Presenter::preTranslate(MSG& message) {
     }
   }
   if (message.message == WM_KEYDOWN &&
-      (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE)) {
+      (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE) &&
+      !inOpenComboList(message.hwnd)) {
     if (Form* form = formOf(message.hwnd)) {
       form->userKey(message.wParam == VK_RETURN ? kVbKeyReturn : kVbKeyEscape);
       return true;

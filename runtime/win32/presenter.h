@@ -53,6 +53,7 @@ private:
   void createTree(Control& control, HWND parent);
   bool preTranslate(MSG& message);
   Form* formOf(HWND window) const;
+  static bool inOpenComboList(HWND window);
 
   HINSTANCE instance_;
   std::vector<std::unique_ptr<ControlWindow>> windows_;
