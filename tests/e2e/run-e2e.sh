@@ -19,9 +19,12 @@
 # Words with blanks go in double quotes. Consecutive drive lines run in one
 # driver session; failures name the case file's line. A case stops at its
 # first failed step, and the screen is saved as failure-line-N.png. When a
-# case ends, every Wine process of the prefix is ended.
+# case ends, every Wine process of the prefix is ended. The case's log, the
+# driver's scripts and the program's output stay in build/e2e-artifacts/CASE/.
 set -uo pipefail
-cd "$(dirname "$0")/../.."
+cases=()
+for file in "$@"; do cases+=("$(realpath "$file")"); done
+cd "$(dirname "$0")/../.." || exit 1
 root=$PWD
 . tools/wine-user.sh
 . tools/xvfb.sh
@@ -35,8 +38,8 @@ if [ -z "${WINEPREFIX:-}" ] || [ ! -f "$WINEPREFIX/system.reg" ]; then
 fi
 if [ -z "${DISPLAY:-}" ]; then
   start_xvfb || { echo "e2e: 0 passed, 1 failed"; exit 1; }
-  trap 'stop_xvfb' EXIT
 fi
+trap 'end_wine; stop_xvfb' EXIT
 # The driver and the harness's own target; everything else is built by
 # tools/build-all.sh.
 if [ -f build/win32/build.ninja ]; then
@@ -81,8 +84,29 @@ split_words() {
 }
 
 end_wine() {
-  as_wine_user wineserver -k >/dev/null 2>&1
-  as_wine_user wineserver -w >/dev/null 2>&1
+  as_wine_user wineserver -k </dev/null >/dev/null 2>&1
+  as_wine_user wineserver -w </dev/null >/dev/null 2>&1
+}
+
+# Ends the program a case started, and everything else in the prefix. A
+# wineserver that is still starting does not hear "-k": try again.
+end_program() { # PID
+  local pid=$1 tries=0
+  end_wine
+  while [ -n "$pid" ] && kill -0 "$pid" 2>/dev/null && [ "$tries" -lt 20 ]; do
+    sleep 0.5
+    end_wine
+    tries=$((tries + 1))
+  done
+  [ -n "$pid" ] && kill -0 "$pid" 2>/dev/null && kill_tree "$pid"
+  [ -n "$pid" ] && wait "$pid" 2>/dev/null
+  return 0
+}
+
+kill_tree() { # PID: the process and its descendants
+  local child
+  for child in $(pgrep -P "$1"); do kill_tree "$child"; done
+  kill "$1" 2>/dev/null
 }
 
 # One case. Sets case_failed (0 or 1) and case_steps.
@@ -96,7 +120,7 @@ run_case() {
   mkdir -p "$dir"
   case_failed=0
   case_steps=0
-  local line_no=0 batch=0 batch_file= first_line= program_pid=
+  local line_no=0 batch=0 batch_file="" first_line="" program_pid=""
 
   note() { echo "$*" | tee -a "$log"; }
   fail_at() { # LINE MESSAGE
@@ -107,9 +131,12 @@ run_case() {
   flush() {
     [ -n "$batch_file" ] || return 0
     local output rc
-    output=$(as_wine_user timeout 600 wine "$driver" -f "${batch_file#"$root"/}" 2>&1)
+    # Into a file, not a pipe: a wineserver the driver happens to start keeps
+    # its output open, and a pipe would never end.
+    as_wine_user timeout 600 wine "$driver" -f "${batch_file#"$root"/}" </dev/null \
+      >"${batch_file%.txt}.out" 2>&1
     rc=$?
-    output=$(printf '%s\n' "$output" | tr -d '\r' | grep -E '^(ok|FAIL): ')
+    output=$(tr -d '\r' <"${batch_file%.txt}.out" | grep -E '^(ok|FAIL): ')
     [ -n "$output" ] && note "$output"
     case_steps=$((case_steps + $(printf '%s\n' "$output" | grep -c '^ok: ')))
     if [ "$rc" -ne 0 ]; then
@@ -117,14 +144,14 @@ run_case() {
       local at
       at=$(printf '%s\n' "$output" | grep -m1 '^FAIL: ' | grep -oE "^FAIL: $name\.e2e:[0-9]+" |
         grep -oE '[0-9]+$')
-      [ -n "$output" ] || note "FAIL: $name.e2e:$first_line: the driver ended with code $rc"
-      import -window root "$dir/failure-line-${at:-$first_line}.png" 2>/dev/null
+      [ -n "$at" ] || note "FAIL: $name.e2e:$first_line: the driver ended with code $rc"
+      import -window root "$dir/failure-line-${at:-$first_line}.png" </dev/null 2>/dev/null
     fi
     batch_file=
   }
 
   note "== $name"
-  while IFS= read -r line || [ -n "$line" ]; do
+  while IFS= read -r -u 3 line || [ -n "$line" ]; do
     line_no=$((line_no + 1))
     line=${line%$'\r'}
     line=${line#"${line%%[![:blank:]]*}"}
@@ -149,9 +176,13 @@ run_case() {
     fi
     case $directive in
     fresh-prefix)
-      end_wine
-      tools/make-win98-prefix.sh "$WINEPREFIX" >>"$log" 2>&1 ||
+      end_program "$program_pid"
+      program_pid=
+      if tools/make-win98-prefix.sh "$WINEPREFIX" </dev/null >>"$log" 2>&1; then
+        note "ok: $name.e2e:$line_no: fresh-prefix"
+      else
         fail_at "$line_no" "could not make the prefix"
+      fi
       ;;
     program)
       local exe=${WORDS[0]:-}
@@ -159,13 +190,14 @@ run_case() {
       if [ ! -f "$exe" ]; then
         fail_at "$line_no" "no program $exe"
       else
-        (cd "$(dirname "$exe")" && as_wine_user wine "$exe" "${WORDS[@]:1}") >>"$dir/program.log" 2>&1 &
+        (cd "$(dirname "$exe")" && as_wine_user wine "$exe" "${WORDS[@]:1}") </dev/null \
+          >>"$dir/program.log" 2>&1 &
         program_pid=$!
         note "ok: $name.e2e:$line_no: started ${WORDS[0]}"
       fi
       ;;
     screenshot)
-      if import -window root "$dir/${WORDS[0]:-screen.png}"; then
+      if import -window root "$dir/${WORDS[0]:-screen.png}" </dev/null; then
         note "ok: $name.e2e:$line_no: screenshot ${WORDS[0]:-screen.png}"
       else
         fail_at "$line_no" "screenshot failed"
@@ -174,16 +206,13 @@ run_case() {
     *) fail_at "$line_no" "unknown directive $directive" ;;
     esac
     [ "$case_failed" -eq 0 ] || break
-  done <"$file"
+  done 3<"$file"
   [ "$case_failed" -eq 0 ] && flush
-  end_wine
-  [ -n "$program_pid" ] && wait "$program_pid" 2>/dev/null
-  return 0
+  end_program "$program_pid"
 }
 
 passed=0
 failed=0
-cases=("$@")
 [ "${#cases[@]}" -gt 0 ] || cases=(tests/e2e/cases/*.e2e)
 for file in "${cases[@]}"; do
   [ -f "$file" ] || continue

@@ -8,16 +8,16 @@
 namespace drive::cmd {
 namespace {
 
-std::string windowsPathOf(const std::string &path) {
+std::string windowsPathOf(const std::string& path) {
   if (path.empty() || path[0] != '/') return path;
   std::string converted = "Z:" + path;
-  for (char &c : converted)
+  for (char& c : converted)
     if (c == '/') c = '\\';
   return converted;
 }
 
-bool readWhole(const std::string &path, std::string *content) {
-  std::FILE *file = std::fopen(path.c_str(), "rb");
+bool readWhole(const std::string& path, std::string* content) {
+  std::FILE* file = std::fopen(path.c_str(), "rb");
   if (!file) return false;
   char block[4096];
   std::size_t n = 0;
@@ -29,7 +29,7 @@ bool readWhole(const std::string &path, std::string *content) {
 }
 
 // Where two contents part: line and column (from 1) in `expected`.
-std::string firstDifference(const std::string &actual, const std::string &expected) {
+std::string firstDifference(const std::string& actual, const std::string& expected) {
   std::size_t at = 0, line = 1, column = 1;
   while (at < actual.size() && at < expected.size() && actual[at] == expected[at]) {
     if (expected[at] == '\n') {
@@ -46,7 +46,7 @@ std::string firstDifference(const std::string &actual, const std::string &expect
 
 } // namespace
 
-Outcome expectFile(const Args &args) {
+Outcome expectFile(const Args& args) {
   std::string actual, expected;
   if (!readWhole(windowsPathOf(args[1]), &expected)) return fail("cannot read " + args[1]);
   if (!readWhole(args[0], &actual)) return fail("no file " + args[0]);
@@ -54,14 +54,14 @@ Outcome expectFile(const Args &args) {
   return fail(firstDifference(actual, expected));
 }
 
-Outcome expectFileContains(const Args &args) {
+Outcome expectFileContains(const Args& args) {
   std::string actual;
   if (!readWhole(args[0], &actual)) return fail("no file " + args[0]);
   if (actual.find(args[1]) != std::string::npos) return pass();
   return fail(format("the file (%u bytes) does not hold it", static_cast<unsigned>(actual.size())));
 }
 
-Outcome expectNoFile(const Args &args) {
+Outcome expectNoFile(const Args& args) {
   if (::GetFileAttributesA(args[0].c_str()) == INVALID_FILE_ATTRIBUTES) return pass();
   return fail(args[0] + " is there");
 }

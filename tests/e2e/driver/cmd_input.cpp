@@ -19,14 +19,14 @@ HWND waitForFocus(HWND window) {
 
 } // namespace
 
-Outcome click(const Args &args) {
+Outcome click(const Args& args) {
   Outcome failure;
   HWND window = lookupVisible(args[0], &failure);
   if (!window) return failure;
   return clickWindow(window);
 }
 
-Outcome clickItem(const Args &args) {
+Outcome clickItem(const Args& args) {
   Outcome failure;
   long index = 0;
   HWND list = lookupVisible(args[0], &failure);
@@ -43,7 +43,7 @@ Outcome clickItem(const Args &args) {
   return clickAt(list, middle);
 }
 
-Outcome type(const Args &args) {
+Outcome type(const Args& args) {
   Outcome failure;
   HWND window = lookupVisible(args[0], &failure);
   if (!window) return failure;
@@ -60,13 +60,14 @@ Outcome type(const Args &args) {
   return pass();
 }
 
-Outcome key(const Args &args) {
+Outcome key(const Args& args) {
   std::string error;
   HWND target = ::GetForegroundWindow();
   if (!strikeKey(args[0], &error)) return fail(error);
   if (!target) return pass();
   settle(target);
-  return pass("to " + describe(focusOf(target)));
+  HWND focus = focusOf(target);
+  return focus ? pass("to " + describe(focus)) : pass();
 }
 
 } // namespace drive::cmd

@@ -11,19 +11,19 @@ namespace {
 constexpr int kTextId = 0xFFFF;
 
 struct BoxSearch {
-  const std::string *caption; // null: any caption
+  const std::string* caption; // null: any caption
   HWND found = nullptr;
 };
 
 BOOL CALLBACK findBox(HWND window, LPARAM lParam) {
-  auto *search = reinterpret_cast<BoxSearch *>(lParam);
+  auto* search = reinterpret_cast<BoxSearch*>(lParam);
   if (className(window) != "#32770" || !::IsWindowVisible(window)) return TRUE;
   if (search->caption && windowText(window) != *search->caption) return TRUE;
   search->found = window;
   return FALSE;
 }
 
-HWND findBoxWithCaption(const std::string *caption) {
+HWND findBoxWithCaption(const std::string* caption) {
   BoxSearch search{caption};
   ::EnumWindows(findBox, reinterpret_cast<LPARAM>(&search));
   return search.found;
@@ -35,7 +35,7 @@ std::string boxText(HWND box) {
 }
 
 struct ButtonName {
-  const char *name;
+  const char* name;
   int id;
 };
 
@@ -46,7 +46,7 @@ constexpr ButtonName kButtons[] = {
 
 } // namespace
 
-Outcome expectMsgbox(const Args &args) {
+Outcome expectMsgbox(const Args& args) {
   HWND box = findBoxWithCaption(&args[0]);
   if (!box) return fail("no message box \"" + args[0] + "\"");
   const std::string text = boxText(box);
@@ -54,9 +54,9 @@ Outcome expectMsgbox(const Args &args) {
   return pass();
 }
 
-Outcome pressMsgbox(const Args &args) {
+Outcome pressMsgbox(const Args& args) {
   int id = 0;
-  for (const auto &button : kButtons)
+  for (const auto& button : kButtons)
     if (args[0] == button.name) id = button.id;
   if (id == 0) return fail("unknown button " + args[0]);
   HWND box = findBoxWithCaption(args.size() > 1 ? &args[1] : nullptr);

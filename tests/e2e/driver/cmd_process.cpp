@@ -9,13 +9,13 @@ namespace {
 
 // The file name of a path: "C:\dir\prog.exe" gives "prog.exe". Windows 98
 // lists a process by its full path, Wine and NT by its file name.
-std::string fileNameOf(const char *path) {
+std::string fileNameOf(const char* path) {
   std::string name = path;
   const std::size_t slash = name.find_last_of("\\/");
   return slash == std::string::npos ? name : name.substr(slash + 1);
 }
 
-bool isRunning(const std::string &program) {
+bool isRunning(const std::string& program) {
   OwnedHandle snapshot(::CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
   if (!snapshot.valid()) return false;
   PROCESSENTRY32 entry{};
@@ -28,19 +28,20 @@ bool isRunning(const std::string &program) {
 
 } // namespace
 
-Outcome expectExit(const Args &args) {
+Outcome expectExit(const Args& args) {
   long ms = 0;
   Outcome failure;
   if (!number(args[1], &ms, &failure)) return failure;
   const DWORD start = ::GetTickCount();
   while (isRunning(args[0])) {
-    if (::GetTickCount() - start >= static_cast<DWORD>(ms)) return fail(args[0] + " is still running");
+    if (::GetTickCount() - start >= static_cast<DWORD>(ms))
+      return fail(args[0] + " is still running");
     ::Sleep(100);
   }
   return pass(format("after %lu ms", ::GetTickCount() - start));
 }
 
-Outcome sleep(const Args &args) {
+Outcome sleep(const Args& args) {
   long ms = 0;
   Outcome failure;
   if (!number(args[0], &ms, &failure)) return failure;
@@ -49,7 +50,7 @@ Outcome sleep(const Args &args) {
   return pass();
 }
 
-Outcome timeout(const Args &args) {
+Outcome timeout(const Args& args) {
   long ms = 0;
   Outcome failure;
   if (!number(args[0], &ms, &failure)) return failure;

@@ -9,8 +9,8 @@ namespace drive::cmd {
 namespace {
 
 struct RootName {
-  const char *shortName;
-  const char *longName;
+  const char* shortName;
+  const char* longName;
   HKEY key;
 };
 
@@ -23,13 +23,13 @@ const RootName kRoots[] = {
     {"HKDD", "HKEY_DYN_DATA", HKEY_DYN_DATA},
 };
 
-HKEY rootOf(const std::string &name) {
-  for (const auto &root : kRoots)
+HKEY rootOf(const std::string& name) {
+  for (const auto& root : kRoots)
     if (name == root.shortName || name == root.longName) return root.key;
   return nullptr;
 }
 
-const char *typeName(DWORD type) {
+const char* typeName(DWORD type) {
   switch (type) {
   case REG_SZ: return "sz";
   case REG_EXPAND_SZ: return "expand_sz";
@@ -40,7 +40,7 @@ const char *typeName(DWORD type) {
   }
 }
 
-std::string hex(const std::vector<BYTE> &bytes) {
+std::string hex(const std::vector<BYTE>& bytes) {
   std::string text;
   for (const BYTE b : bytes)
     text += format("%02X", b);
@@ -48,7 +48,7 @@ std::string hex(const std::vector<BYTE> &bytes) {
 }
 
 // "00 00 00 20" or "00000020" as bytes; false for anything else.
-bool parseHex(const std::string &text, std::vector<BYTE> *bytes) {
+bool parseHex(const std::string& text, std::vector<BYTE>* bytes) {
   std::string digits;
   for (const char c : text) {
     if (c == ' ') continue;
@@ -67,13 +67,14 @@ struct Value {
   std::vector<BYTE> data;
 };
 
-Value readValue(HKEY root, const std::string &key, const std::string &name) {
+Value readValue(HKEY root, const std::string& key, const std::string& name) {
   Value value;
   OwnedKey opened;
   value.status = ::RegOpenKeyExA(root, key.c_str(), 0, KEY_QUERY_VALUE, opened.out());
   if (value.status != ERROR_SUCCESS) return value;
   DWORD size = 0;
-  value.status = ::RegQueryValueExA(opened.get(), name.c_str(), nullptr, &value.type, nullptr, &size);
+  value.status =
+      ::RegQueryValueExA(opened.get(), name.c_str(), nullptr, &value.type, nullptr, &size);
   if (value.status != ERROR_SUCCESS) return value;
   value.data.resize(size);
   value.status = ::RegQueryValueExA(opened.get(), name.c_str(), nullptr, &value.type,
@@ -82,30 +83,31 @@ Value readValue(HKEY root, const std::string &key, const std::string &name) {
   return value;
 }
 
-std::string shown(const Value &value) {
+std::string shown(const Value& value) {
   if (value.type == REG_SZ || value.type == REG_EXPAND_SZ) {
     std::string text(value.data.begin(), value.data.end());
     return format("%s \"%s\"", typeName(value.type), text.c_str());
   }
   if (value.type == REG_DWORD && value.data.size() == 4)
-    return format("dword %lu", *reinterpret_cast<const DWORD *>(value.data.data()));
+    return format("dword %lu", *reinterpret_cast<const DWORD*>(value.data.data()));
   return format("%s %s", typeName(value.type), hex(value.data).c_str());
 }
 
 } // namespace
 
-Outcome expectReg(const Args &args) {
+Outcome expectReg(const Args& args) {
   HKEY root = rootOf(args[0]);
   if (!root) return fail("unknown root key " + args[0]);
-  const std::string &type = args[3];
+  const std::string& type = args[3];
   const Value value = readValue(root, args[1], args[2]);
   if (type == "absent") {
     if (value.status != ERROR_SUCCESS) return pass();
     return fail("the value is there: " + shown(value));
   }
   if (args.size() < 5) return fail(type + " needs the expected data");
-  if (value.status != ERROR_SUCCESS) return fail(format("the value is absent (error %ld)", value.status));
-  const std::string &data = args[4];
+  if (value.status != ERROR_SUCCESS)
+    return fail(format("the value is absent (error %ld)", value.status));
+  const std::string& data = args[4];
   bool same = false;
   if (type == "binary") {
     std::vector<BYTE> expected;
@@ -120,7 +122,7 @@ Outcome expectReg(const Args &args) {
     long expected = 0;
     if (!parseNumber(data, &expected)) return fail("not a number: " + data);
     same = value.type == REG_DWORD && value.data.size() == 4 &&
-           *reinterpret_cast<const DWORD *>(value.data.data()) == static_cast<DWORD>(expected);
+           *reinterpret_cast<const DWORD*>(value.data.data()) == static_cast<DWORD>(expected);
   } else {
     return fail("unknown value type " + type + " (binary, sz, dword, absent)");
   }

@@ -9,14 +9,14 @@
 namespace drive {
 
 // The window named `name`, or null with *failure saying so.
-inline HWND lookup(const std::string &name, Outcome *failure) {
+inline HWND lookup(const std::string& name, Outcome* failure) {
   HWND window = findNamed(name);
   if (!window) *failure = fail("no window is named " + name);
   return window;
 }
 
 // A visible window named `name`, for input.
-inline HWND lookupVisible(const std::string &name, Outcome *failure) {
+inline HWND lookupVisible(const std::string& name, Outcome* failure) {
   HWND window = lookup(name, failure);
   if (window && !::IsWindowVisible(window)) {
     *failure = fail(name + " is hidden");
@@ -26,14 +26,14 @@ inline HWND lookupVisible(const std::string &name, Outcome *failure) {
 }
 
 // A number argument; *failure names the argument when it is not one.
-inline bool number(const std::string &text, long *value, Outcome *failure) {
+inline bool number(const std::string& text, long* value, Outcome* failure) {
   if (parseNumber(text, value)) return true;
   *failure = fail("not a number: " + text);
   return false;
 }
 
 // Compares what was read with what was expected.
-inline Outcome compare(const std::string &what, long actual, long expected) {
+inline Outcome compare(const std::string& what, long actual, long expected) {
   if (actual == expected) return pass();
   return fail(format("%s is %ld, expected %ld", what.c_str(), actual, expected));
 }

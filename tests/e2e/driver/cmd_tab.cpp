@@ -10,7 +10,7 @@ namespace drive::cmd {
 namespace {
 
 // A tab control and one of its tabs, from the arguments NAME INDEX.
-HWND tabOf(const Args &args, long *index, Outcome *failure) {
+HWND tabOf(const Args& args, long* index, Outcome* failure) {
   HWND tabs = lookup(args[0], failure);
   if (!tabs || !number(args[1], index, failure)) return nullptr;
   const LRESULT count = ask(tabs, TCM_GETITEMCOUNT);
@@ -23,7 +23,7 @@ HWND tabOf(const Args &args, long *index, Outcome *failure) {
 
 } // namespace
 
-Outcome clickTab(const Args &args) {
+Outcome clickTab(const Args& args) {
   Outcome failure;
   long index = 0;
   HWND tabs = tabOf(args, &index, &failure);
@@ -39,7 +39,7 @@ Outcome clickTab(const Args &args) {
   return clickAt(tabs, middle);
 }
 
-Outcome expectTab(const Args &args) {
+Outcome expectTab(const Args& args) {
   Outcome failure;
   long expected = 0;
   HWND tabs = lookup(args[0], &failure);
@@ -47,7 +47,7 @@ Outcome expectTab(const Args &args) {
   return compare("selected tab", ask(tabs, TCM_GETCURSEL), expected);
 }
 
-Outcome expectTabImage(const Args &args) {
+Outcome expectTabImage(const Args& args) {
   Outcome failure;
   long index = 0, expected = 0;
   HWND tabs = tabOf(args, &index, &failure);

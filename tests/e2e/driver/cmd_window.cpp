@@ -3,7 +3,7 @@
 
 namespace drive::cmd {
 
-Outcome wait(const Args &args) {
+Outcome wait(const Args& args) {
   long ms = 0;
   Outcome failure;
   if (!number(args[1], &ms, &failure)) return failure;
@@ -18,13 +18,13 @@ Outcome wait(const Args &args) {
   }
 }
 
-Outcome expectGone(const Args &args) {
+Outcome expectGone(const Args& args) {
   HWND window = findNamed(args[0]);
   if (window && ::IsWindowVisible(window)) return fail(args[0] + " is still shown");
   return pass();
 }
 
-Outcome expectText(const Args &args) {
+Outcome expectText(const Args& args) {
   Outcome failure;
   HWND window = lookup(args[0], &failure);
   if (!window) return failure;
@@ -33,7 +33,7 @@ Outcome expectText(const Args &args) {
   return fail("text is \"" + text + "\"");
 }
 
-Outcome expectCheck(const Args &args) {
+Outcome expectCheck(const Args& args) {
   Outcome failure;
   long expected = 0;
   HWND window = lookup(args[0], &failure);
@@ -41,7 +41,7 @@ Outcome expectCheck(const Args &args) {
   return compare("check state", ask(window, BM_GETCHECK), expected);
 }
 
-Outcome expectEnabled(const Args &args) {
+Outcome expectEnabled(const Args& args) {
   Outcome failure;
   long expected = 0;
   HWND window = lookup(args[0], &failure);
@@ -49,7 +49,7 @@ Outcome expectEnabled(const Args &args) {
   return compare("enabled", ::IsWindowEnabled(window) ? 1 : 0, expected);
 }
 
-Outcome expectVisible(const Args &args) {
+Outcome expectVisible(const Args& args) {
   Outcome failure;
   long expected = 0;
   HWND window = lookup(args[0], &failure);
@@ -57,7 +57,7 @@ Outcome expectVisible(const Args &args) {
   return compare("visible", ::IsWindowVisible(window) ? 1 : 0, expected);
 }
 
-Outcome expectItem(const Args &args) {
+Outcome expectItem(const Args& args) {
   Outcome failure;
   long index = 0, expected = 0;
   HWND window = lookup(args[0], &failure);

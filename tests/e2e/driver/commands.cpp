@@ -44,14 +44,14 @@ unsigned stepTimeout = 3000;
 
 } // namespace
 
-const Command *findCommand(const std::string &name) {
-  for (const auto &command : kCommands)
+const Command* findCommand(const std::string& name) {
+  for (const auto& command : kCommands)
     if (name == command.name) return &command;
   return nullptr;
 }
 
 void printCommands() {
-  for (const auto &command : kCommands)
+  for (const auto& command : kCommands)
     std::printf("  %-20s %-26s %s\n", command.name, command.args, command.does);
   std::printf("  %-20s %-26s %s\n", "not", "COMMAND ARGS...", "the command fails (tried once)");
 }
@@ -59,9 +59,9 @@ void printCommands() {
 unsigned stepTimeoutMs() { return stepTimeout; }
 void setStepTimeoutMs(unsigned ms) { stepTimeout = ms; }
 
-bool parseNumber(const std::string &text, long *value) {
+bool parseNumber(const std::string& text, long* value) {
   if (text.empty()) return false;
-  char *end = nullptr;
+  char* end = nullptr;
   *value = std::strtol(text.c_str(), &end, 0);
   return *end == '\0';
 }

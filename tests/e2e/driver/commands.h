@@ -12,17 +12,17 @@ enum class Timing {
 };
 
 struct Command {
-  const char *name;
+  const char* name;
   int minArgs;
   int maxArgs;
   Timing timing;
-  Outcome (*run)(const Args &args);
-  const char *args; // for the usage text
-  const char *does;
+  Outcome (*run)(const Args& args);
+  const char* args; // for the usage text
+  const char* does;
 };
 
 // The row for a command name, or null.
-const Command *findCommand(const std::string &name);
+const Command* findCommand(const std::string& name);
 
 // Prints every command with its arguments.
 void printCommands();
@@ -32,39 +32,39 @@ unsigned stepTimeoutMs();
 void setStepTimeoutMs(unsigned ms);
 
 // Reading numbers in arguments: false when `text` is not a whole number.
-bool parseNumber(const std::string &text, long *value);
+bool parseNumber(const std::string& text, long* value);
 
 namespace cmd {
 // cmd_window.cpp: finding windows and reading their state
-Outcome wait(const Args &);
-Outcome expectGone(const Args &);
-Outcome expectText(const Args &);
-Outcome expectCheck(const Args &);
-Outcome expectEnabled(const Args &);
-Outcome expectVisible(const Args &);
-Outcome expectItem(const Args &);
+Outcome wait(const Args&);
+Outcome expectGone(const Args&);
+Outcome expectText(const Args&);
+Outcome expectCheck(const Args&);
+Outcome expectEnabled(const Args&);
+Outcome expectVisible(const Args&);
+Outcome expectItem(const Args&);
 // cmd_input.cpp: the mouse and the keyboard
-Outcome click(const Args &);
-Outcome clickItem(const Args &);
-Outcome type(const Args &);
-Outcome key(const Args &);
+Outcome click(const Args&);
+Outcome clickItem(const Args&);
+Outcome type(const Args&);
+Outcome key(const Args&);
 // cmd_tab.cpp: tab controls
-Outcome clickTab(const Args &);
-Outcome expectTab(const Args &);
-Outcome expectTabImage(const Args &);
+Outcome clickTab(const Args&);
+Outcome expectTab(const Args&);
+Outcome expectTabImage(const Args&);
 // cmd_msgbox.cpp: message boxes
-Outcome expectMsgbox(const Args &);
-Outcome pressMsgbox(const Args &);
+Outcome expectMsgbox(const Args&);
+Outcome pressMsgbox(const Args&);
 // cmd_registry.cpp
-Outcome expectReg(const Args &);
+Outcome expectReg(const Args&);
 // cmd_file.cpp
-Outcome expectFile(const Args &);
-Outcome expectFileContains(const Args &);
-Outcome expectNoFile(const Args &);
+Outcome expectFile(const Args&);
+Outcome expectFileContains(const Args&);
+Outcome expectNoFile(const Args&);
 // cmd_process.cpp: processes and time
-Outcome expectExit(const Args &);
-Outcome sleep(const Args &);
-Outcome timeout(const Args &);
+Outcome expectExit(const Args&);
+Outcome sleep(const Args&);
+Outcome timeout(const Args&);
 } // namespace cmd
 
 } // namespace drive

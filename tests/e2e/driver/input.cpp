@@ -29,25 +29,33 @@ bool isSelfOrRelative(HWND target, HWND hit) {
 }
 
 struct NamedKey {
-  const char *name;
+  const char* name;
   BYTE vk;
 };
 
 constexpr NamedKey kKeys[] = {
-    {"Enter", VK_RETURN},   {"Esc", VK_ESCAPE},    {"Escape", VK_ESCAPE}, {"Tab", VK_TAB},
-    {"Space", VK_SPACE},    {"Backspace", VK_BACK}, {"Delete", VK_DELETE}, {"Del", VK_DELETE},
-    {"Insert", VK_INSERT},  {"Home", VK_HOME},     {"End", VK_END},       {"PageUp", VK_PRIOR},
-    {"PageDown", VK_NEXT},  {"Up", VK_UP},         {"Down", VK_DOWN},     {"Left", VK_LEFT},
-    {"Right", VK_RIGHT},    {"F1", VK_F1},         {"F2", VK_F2},         {"F3", VK_F3},
-    {"F4", VK_F4},          {"F5", VK_F5},         {"F6", VK_F6},         {"F7", VK_F7},
-    {"F8", VK_F8},          {"F9", VK_F9},         {"F10", VK_F10},       {"F11", VK_F11},
+    {"Enter", VK_RETURN},  {"Esc", VK_ESCAPE},     {"Escape", VK_ESCAPE}, {"Tab", VK_TAB},
+    {"Space", VK_SPACE},   {"Backspace", VK_BACK}, {"Delete", VK_DELETE}, {"Del", VK_DELETE},
+    {"Insert", VK_INSERT}, {"Home", VK_HOME},      {"End", VK_END},       {"PageUp", VK_PRIOR},
+    {"PageDown", VK_NEXT}, {"Up", VK_UP},          {"Down", VK_DOWN},     {"Left", VK_LEFT},
+    {"Right", VK_RIGHT},   {"F1", VK_F1},          {"F2", VK_F2},         {"F3", VK_F3},
+    {"F4", VK_F4},         {"F5", VK_F5},          {"F6", VK_F6},         {"F7", VK_F7},
+    {"F8", VK_F8},         {"F9", VK_F9},          {"F10", VK_F10},       {"F11", VK_F11},
     {"F12", VK_F12},
 };
 
 bool isExtended(BYTE vk) {
   switch (vk) {
-  case VK_INSERT: case VK_DELETE: case VK_HOME: case VK_END: case VK_PRIOR: case VK_NEXT:
-  case VK_UP: case VK_DOWN: case VK_LEFT: case VK_RIGHT: return true;
+  case VK_INSERT:
+  case VK_DELETE:
+  case VK_HOME:
+  case VK_END:
+  case VK_PRIOR:
+  case VK_NEXT:
+  case VK_UP:
+  case VK_DOWN:
+  case VK_LEFT:
+  case VK_RIGHT: return true;
   default: return false;
   }
 }
@@ -76,7 +84,7 @@ void strike(BYTE vk, int modifiers) {
   if (modifiers & kCtrl) keyUp(VK_CONTROL);
 }
 
-bool sameName(const std::string &a, const char *b) { return ::lstrcmpiA(a.c_str(), b) == 0; }
+bool sameName(const std::string& a, const char* b) { return ::lstrcmpiA(a.c_str(), b) == 0; }
 
 } // namespace
 
@@ -100,9 +108,9 @@ Outcome clickWindow(HWND target) {
   return clickAt(target, POINT{(area.left + area.right) / 2, (area.top + area.bottom) / 2});
 }
 
-bool strikeKey(const std::string &spec, std::string *error) {
+bool strikeKey(const std::string& keys, std::string* error) {
   int modifiers = 0;
-  std::string rest = spec;
+  std::string rest = keys;
   for (std::size_t plus; (plus = rest.find('+')) != std::string::npos && plus + 1 < rest.size();) {
     const std::string modifier = rest.substr(0, plus);
     if (sameName(modifier, "Shift"))
@@ -117,7 +125,7 @@ bool strikeKey(const std::string &spec, std::string *error) {
     }
     rest = rest.substr(plus + 1);
   }
-  for (const auto &key : kKeys) {
+  for (const auto& key : kKeys) {
     if (sameName(rest, key.name)) {
       strike(key.vk, modifiers);
       return true;
@@ -131,7 +139,7 @@ bool strikeKey(const std::string &spec, std::string *error) {
   return false;
 }
 
-void typeText(HWND focus, const std::string &text) {
+void typeText(HWND focus, const std::string& text) {
   for (const char c : text) {
     const SHORT scan = ::VkKeyScanA(c);
     if (scan == -1) {

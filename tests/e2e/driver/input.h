@@ -22,10 +22,10 @@ Outcome clickWindow(HWND target);
 // Strikes one key given by name, with modifiers: "Enter", "Esc", "Tab",
 // "Shift+Tab", "Alt+F4", "Ctrl+Home", "Down", "F1", "a". False, with the
 // reason in *error, for a name it does not know.
-bool strikeKey(const std::string &spec, std::string *error);
+bool strikeKey(const std::string& keys, std::string* error);
 
 // Types text into `focus`, the window that has the keyboard focus.
-void typeText(HWND focus, const std::string &text);
+void typeText(HWND focus, const std::string& text);
 
 // The window that has the keyboard focus in `window`'s thread, or null.
 // It shares that thread's input state for a moment, which can lose a shift

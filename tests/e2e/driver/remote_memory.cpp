@@ -6,8 +6,7 @@ namespace {
 HANDLE openOwner(HWND window) {
   DWORD processId = 0;
   ::GetWindowThreadProcessId(window, &processId);
-  return ::OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE,
-                       processId);
+  return ::OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, processId);
 }
 
 } // namespace
@@ -23,12 +22,12 @@ RemoteMemory::~RemoteMemory() {
   if (address_) ::VirtualFreeEx(process_.get(), address_, 0, MEM_RELEASE);
 }
 
-bool RemoteMemory::write(const void *data, std::size_t size) {
+bool RemoteMemory::write(const void* data, std::size_t size) {
   SIZE_T done = 0;
   return ::WriteProcessMemory(process_.get(), address_, data, size, &done) && done == size;
 }
 
-bool RemoteMemory::read(void *data, std::size_t size) const {
+bool RemoteMemory::read(void* data, std::size_t size) const {
   SIZE_T done = 0;
   return ::ReadProcessMemory(process_.get(), address_, data, size, &done) && done == size;
 }

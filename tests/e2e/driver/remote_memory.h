@@ -16,18 +16,18 @@ class RemoteMemory {
 public:
   // Memory in the process that owns `window`.
   RemoteMemory(HWND window, std::size_t size);
-  RemoteMemory(const RemoteMemory &) = delete;
-  RemoteMemory &operator=(const RemoteMemory &) = delete;
+  RemoteMemory(const RemoteMemory&) = delete;
+  RemoteMemory& operator=(const RemoteMemory&) = delete;
   ~RemoteMemory();
 
   bool valid() const { return address_ != nullptr; }
   LPARAM address() const { return reinterpret_cast<LPARAM>(address_); }
-  bool write(const void *data, std::size_t size);
-  bool read(void *data, std::size_t size) const;
+  bool write(const void* data, std::size_t size);
+  bool read(void* data, std::size_t size) const;
 
 private:
   OwnedHandle process_;
-  void *address_ = nullptr;
+  void* address_ = nullptr;
 };
 
 } // namespace drive

@@ -20,10 +20,10 @@
 
 namespace {
 
-constexpr const char *kNameProperty = "TL99.Name";
-constexpr const char *kKey = "Software\\TL99E2E";
-constexpr const char *kFolder = "C:\\TL99E2E";
-constexpr const char *kFile = "C:\\TL99E2E\\out.txt";
+constexpr const char* kNameProperty = "TL99.Name";
+constexpr const char* kKey = "Software\\TL99E2E";
+constexpr const char* kFolder = "C:\\TL99E2E";
+constexpr const char* kFile = "C:\\TL99E2E\\out.txt";
 constexpr int kPages = 3;
 
 enum ControlId { kCheck = 101, kWrite, kFail, kEdit, kLabel, kList, kTabs };
@@ -35,7 +35,7 @@ struct Controls {
 
 std::vector<ATOM> atoms; // deleted again when the program ends
 
-void name(HWND window, const char *designName) {
+void name(HWND window, const char* designName) {
   const ATOM atom = ::GlobalAddAtomA(designName);
   atoms.push_back(atom);
   ::SetPropA(window, kNameProperty, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(atom)));
@@ -54,8 +54,8 @@ void unnameAll(HWND window) {
   atoms.clear();
 }
 
-HWND child(HWND parent, const char *cls, const char *text, DWORD style, int x, int y, int w, int h,
-           int id, const char *designName) {
+HWND child(HWND parent, const char* cls, const char* text, DWORD style, int x, int y, int w, int h,
+           int id, const char* designName) {
   HWND window = ::CreateWindowExA(0, cls, text, WS_CHILD | WS_VISIBLE | style, x, y, w, h, parent,
                                   reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)),
                                   ::GetModuleHandleA(nullptr), nullptr);
@@ -73,14 +73,14 @@ std::string textOf(HWND window) {
 
 class Key {
 public:
-  Key(HKEY root, const char *path) { ::RegCreateKeyA(root, path, &key_); }
-  Key(const Key &) = delete;
-  Key &operator=(const Key &) = delete;
+  Key(HKEY root, const char* path) { ::RegCreateKeyA(root, path, &key_); }
+  Key(const Key&) = delete;
+  Key& operator=(const Key&) = delete;
   ~Key() {
     if (key_) ::RegCloseKey(key_);
   }
-  void set(const char *value, DWORD type, const void *data, DWORD size) {
-    ::RegSetValueExA(key_, value, 0, type, static_cast<const BYTE *>(data), size);
+  void set(const char* value, DWORD type, const void* data, DWORD size) {
+    ::RegSetValueExA(key_, value, 0, type, static_cast<const BYTE*>(data), size);
   }
 
 private:
@@ -99,8 +99,8 @@ void writeResults() {
   }
   ::CreateDirectoryA(kFolder, nullptr);
   const std::string content = "Written by the e2e target\r\nTyped: " + typed + "\r\n";
-  HANDLE file =
-      ::CreateFileA(kFile, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  HANDLE file = ::CreateFileA(kFile, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                              FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file != INVALID_HANDLE_VALUE) {
     DWORD written = 0;
     ::WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
@@ -131,13 +131,13 @@ void createTabs(HWND parent) {
   ::ImageList_AddIcon(images, ::LoadIconA(nullptr, IDI_APPLICATION));
   ::ImageList_AddIcon(images, ::LoadIconA(nullptr, IDI_EXCLAMATION));
   ::SendMessageA(ui.tabs, TCM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images));
-  const char *titles[kPages] = {"One", "Two", "Three"};
-  const char *pageNames[kPages] = {"page0", "page1", "page2"};
-  const char *pageTexts[kPages] = {"The first page", "The second page", "The third page"};
+  const char* titles[kPages] = {"One", "Two", "Three"};
+  const char* pageNames[kPages] = {"page0", "page1", "page2"};
+  const char* pageTexts[kPages] = {"The first page", "The second page", "The third page"};
   for (int i = 0; i < kPages; ++i) {
     TCITEMA item{};
     item.mask = TCIF_TEXT | TCIF_IMAGE;
-    item.pszText = const_cast<char *>(titles[i]);
+    item.pszText = const_cast<char*>(titles[i]);
     ::SendMessageA(ui.tabs, TCM_INSERTITEMA, i, reinterpret_cast<LPARAM>(&item));
   }
   RECT area{0, 0, 410, 130};
@@ -151,16 +151,16 @@ void createTabs(HWND parent) {
 void createControls(HWND parent) {
   ui.check = child(parent, "BUTTON", "Enable Write", BS_AUTOCHECKBOX | WS_TABSTOP, 10, 10, 200, 22,
                    kCheck, "check1");
-  ui.write = child(parent, "BUTTON", "Write", BS_PUSHBUTTON | WS_TABSTOP | WS_DISABLED, 220, 10,
-                   90, 24, kWrite, "button1");
-  ui.fail = child(parent, "BUTTON", "Fail", BS_PUSHBUTTON | WS_TABSTOP, 320, 10, 90, 24, kFail,
-                  "fail1");
+  ui.write = child(parent, "BUTTON", "Write", BS_PUSHBUTTON | WS_TABSTOP | WS_DISABLED, 220, 10, 90,
+                   24, kWrite, "button1");
+  ui.fail =
+      child(parent, "BUTTON", "Fail", BS_PUSHBUTTON | WS_TABSTOP, 320, 10, 90, 24, kFail, "fail1");
   ui.edit = child(parent, "EDIT", "", WS_BORDER | ES_AUTOHSCROLL | WS_TABSTOP, 10, 44, 200, 22,
                   kEdit, "edit1");
   ui.label = child(parent, "STATIC", "Nothing typed", 0, 220, 46, 200, 20, kLabel, "label1");
-  ui.list = child(parent, "LISTBOX", "", WS_BORDER | WS_VSCROLL | LBS_MULTIPLESEL | LBS_NOTIFY,
-                  10, 76, 200, 64, kList, "list1");
-  for (const char *item : {"Alpha", "Beta", "Gamma"})
+  ui.list = child(parent, "LISTBOX", "", WS_BORDER | WS_VSCROLL | LBS_MULTIPLESEL | LBS_NOTIFY, 10,
+                  76, 200, 64, kList, "list1");
+  for (const char* item : {"Alpha", "Beta", "Gamma"})
     ::SendMessageA(ui.list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item));
   createTabs(parent);
 }
@@ -181,7 +181,7 @@ LRESULT CALLBACK mainProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     if (LOWORD(wParam) == kFail) fail();
     return 0;
   case WM_NOTIFY: {
-    const auto *header = reinterpret_cast<const NMHDR *>(lParam);
+    const auto* header = reinterpret_cast<const NMHDR*>(lParam);
     if (header->hwndFrom == ui.tabs && header->code == TCN_SELCHANGE)
       showTab(static_cast<int>(::SendMessageA(ui.tabs, TCM_GETCURSEL, 0, 0)));
     return 0;
@@ -195,7 +195,7 @@ LRESULT CALLBACK mainProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
 }
 
 // Keys the window takes before the control with the focus sees them.
-bool handleKey(const MSG &msg) {
+bool handleKey(const MSG& msg) {
   if (msg.message != WM_KEYDOWN) return false;
   if (msg.wParam == VK_ESCAPE) {
     ::DestroyWindow(ui.main);
