@@ -629,11 +629,13 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool& 
     if (own) mouseEvent(message, wParam, lParam);
     break;
   case WM_LBUTTONDOWN:
+    // A click anywhere on an item of a check-mark list selects it and turns
+    // its check mark over.
     if (control_.kind() == ControlKind::ListBox &&
-        static_cast<ListBox&>(control_).hasCheckMarks() &&
-        static_cast<short>(LOWORD(lParam)) < kCheckMarkWidth) {
+        static_cast<ListBox&>(control_).hasCheckMarks()) {
       const LRESULT hit = ::SendMessageA(hwnd_, LB_ITEMFROMPOINT, 0, lParam);
       if (HIWORD(hit) == 0) {
+        ::SetFocus(hwnd_);
         static_cast<ListBox&>(control_).userToggleCheck(LOWORD(hit));
         applyValue();
         handled = true;
@@ -649,6 +651,7 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool& 
         handled = true;
         return 0;
       }
+      handled = true; // the edit gets the key once, as the filter left it
       return callOriginal(message, static_cast<WPARAM>(key), lParam);
     }
     if (control_.kind() == ControlKind::ListBox && wParam == ' ' &&

@@ -12,6 +12,8 @@
 # A case file holds one directive per line:
 #   # text                comment
 #   fresh-prefix          puts the prefix back in its made state (ends any program first)
+#   system-build N        makes the prefix report Windows 98 build N (ends any program
+#                         first); the prefix reports build 1998 again after the case
 #   program PATH [ARGS]   starts PATH (an exe, relative to the repository) in the
 #                         background, with its own folder as the current folder
 #   drive COMMAND ARGS    one step of tl99drive.exe ("tl99drive.exe -h" lists them)
@@ -120,7 +122,7 @@ run_case() {
   mkdir -p "$dir"
   case_failed=0
   case_steps=0
-  local line_no=0 batch=0 batch_file="" first_line="" program_pid=""
+  local line_no=0 batch=0 batch_file="" first_line="" program_pid="" other_build=""
 
   note() { echo "$*" | tee -a "$log"; }
   fail_at() { # LINE MESSAGE
@@ -184,6 +186,16 @@ run_case() {
         fail_at "$line_no" "could not make the prefix"
       fi
       ;;
+    system-build)
+      end_program "$program_pid"
+      program_pid=
+      other_build=1
+      if tools/make-win98-prefix.sh --build "${words[1]}" "$WINEPREFIX" </dev/null >>"$log" 2>&1; then
+        note "ok: $name.e2e:$line_no: system-build ${words[1]}"
+      else
+        fail_at "$line_no" "could not make the prefix report build ${words[1]}"
+      fi
+      ;;
     program)
       local exe=${WORDS[0]:-}
       [ "${exe:0:1}" = / ] || exe=$root/$exe
@@ -209,6 +221,9 @@ run_case() {
   done 3<"$file"
   [ "$case_failed" -eq 0 ] && flush
   end_program "$program_pid"
+  if [ -n "$other_build" ]; then
+    tools/make-win98-prefix.sh "$WINEPREFIX" </dev/null >>"$log" 2>&1
+  fi
 }
 
 passed=0

@@ -26,6 +26,19 @@ Outcome click(const Args& args) {
   return clickWindow(window);
 }
 
+Outcome clickInside(const Args& args) {
+  Outcome failure;
+  long x = 0, y = 0;
+  HWND window = lookupVisible(args[0], &failure);
+  if (!window || !number(args[1], &x, &failure) || !number(args[2], &y, &failure)) return failure;
+  RECT client{};
+  ::GetClientRect(window, &client);
+  POINT at{x, y};
+  if (!::PtInRect(&client, at)) return fail(format("%ld,%ld lies outside the window", x, y));
+  ::ClientToScreen(window, &at);
+  return clickAt(window, at);
+}
+
 Outcome clickItem(const Args& args) {
   Outcome failure;
   long index = 0;

@@ -14,6 +14,7 @@ constexpr Command kCommands[] = {
     {"wait", 2, 2, Once, cmd::wait, "NAME MS", "window NAME exists and is visible within MS"},
     {"expect-gone", 1, 1, Retried, cmd::expectGone, "NAME", "no visible window is NAME"},
     {"click", 1, 1, Retried, cmd::click, "NAME", "left click on the middle of NAME"},
+    {"clickat", 3, 3, Retried, cmd::clickInside, "NAME X Y", "left click at X,Y pixels in NAME"},
     {"clickitem", 2, 2, Retried, cmd::clickItem, "NAME INDEX", "click list box item INDEX"},
     {"clicktab", 2, 2, Retried, cmd::clickTab, "NAME INDEX", "click tab INDEX (from 0)"},
     {"type", 2, 2, Retried, cmd::type, "NAME TEXT", "click into NAME, select all, type TEXT"},

@@ -45,6 +45,7 @@ Outcome expectVisible(const Args&);
 Outcome expectItem(const Args&);
 // cmd_input.cpp: the mouse and the keyboard
 Outcome click(const Args&);
+Outcome clickInside(const Args&);
 Outcome clickItem(const Args&);
 Outcome type(const Args&);
 Outcome key(const Args&);
