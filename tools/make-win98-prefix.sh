@@ -1,19 +1,22 @@
 #!/usr/bin/env bash
 # Makes a 32-bit Wine prefix into a Windows 98 machine: it reports Windows 98
-# build 4.10.1998 (or another build with --build N, for the system gate) and
-# holds the files and registry keys of a lived-in Windows 98 from
-# tools/win98-env/. Idempotent: a second run brings the prefix back to the
-# same state.
+# build 4.10.1998 and holds the files and registry keys of a lived-in
+# Windows 98 from tools/win98-env/. Idempotent: a second run brings the prefix
+# back to the same state.
 #
-#   tools/make-win98-prefix.sh [--build N] PREFIX
+#   tools/make-win98-prefix.sh [--version X.Y.Z] PREFIX
+#
+# --version makes the machine report another system, for the system gate.
+# Wine takes any 4.10.x as Windows 98 build 1998; 4.90.3000 (Windows ME)
+# gives another build.
 set -euo pipefail
 
-build=1998
-if [ "${1:-}" = "--build" ]; then
-  build=$2
+version=4.10.1998
+if [ "${1:-}" = "--version" ]; then
+  version=$2
   shift 2
 fi
-prefix=${1:?usage: make-win98-prefix.sh [--build N] PREFIX}
+prefix=${1:?usage: make-win98-prefix.sh [--version X.Y.Z] PREFIX}
 here=$(cd "$(dirname "$0")" && pwd)
 env_dir=$here/win98-env
 . "$here/wine-user.sh"
@@ -30,13 +33,6 @@ if [ ! -f "$prefix/system.reg" ]; then
   wineserver -w
 fi
 
-# The reported system: Wine takes a 9x version from VersionNumber once the NT
-# CurrentVersion value is gone.
-wine reg add 'HKLM\Software\Microsoft\Windows\CurrentVersion' /v VersionNumber /t REG_SZ \
-  /d "4.10.$build" /f >/dev/null 2>&1
-wine reg delete 'HKLM\Software\Microsoft\Windows NT\CurrentVersion' /v CurrentVersion /f \
-  >/dev/null 2>&1 || true
-wine reg delete 'HKCU\Software\Wine' /v Version /f >/dev/null 2>&1 || true
 # Wine draws the window frames itself, as Windows does (there is no window
 # manager under Xvfb).
 wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d N /f >/dev/null 2>&1
@@ -49,5 +45,13 @@ cp "$env_dir/win98.reg" "$drive_c/windows/temp/tl99-win98.reg"
 [ "$(id -u)" -eq 0 ] && chown -R "$TL99_WINE_USER" "$drive_c"
 wine regedit /S 'C:\windows\temp\tl99-win98.reg' >/dev/null 2>&1
 rm -f "$drive_c/windows/temp/tl99-win98.reg"
+# The reported system, set last (the registry file holds Windows 98's own
+# VersionNumber): Wine takes a 9x version from VersionNumber once the NT
+# CurrentVersion value is gone.
+wine reg add 'HKLM\Software\Microsoft\Windows\CurrentVersion' /v VersionNumber /t REG_SZ \
+  /d "$version" /f >/dev/null 2>&1
+wine reg delete 'HKLM\Software\Microsoft\Windows NT\CurrentVersion' /v CurrentVersion /f \
+  >/dev/null 2>&1 || true
+wine reg delete 'HKCU\Software\Wine' /v Version /f >/dev/null 2>&1 || true
 wineserver -w
-echo "make-win98-prefix: $prefix reports Windows 98 build $build"
+echo "make-win98-prefix: $prefix reports version $version"

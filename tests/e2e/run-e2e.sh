@@ -12,8 +12,15 @@
 # A case file holds one directive per line:
 #   # text                comment
 #   fresh-prefix          puts the prefix back in its made state (ends any program first)
-#   system-build N        makes the prefix report Windows 98 build N (ends any program
-#                         first); the prefix reports build 1998 again after the case
+#   system-version X.Y.Z  makes the prefix report that system version (ends any program
+#                         first; 4.90.3000 is Windows ME); Windows 98 again after the case
+#   end-program           ends the program (and every Wine process of the prefix)
+#   export-registry NAME  saves the whole registry, one line per value with its key,
+#                         as build/e2e-artifacts/CASE/NAME.txt
+#   expect-registry-diff BEFORE AFTER EXPECTED
+#                         the lines that differ between two saved registries are
+#                         exactly those of tests/e2e/cases/expected/EXPECTED
+#                         ("+ " added, "- " removed)
 #   program PATH [ARGS]   starts PATH (an exe, relative to the repository) in the
 #                         background, with its own folder as the current folder
 #   drive COMMAND ARGS    one step of tl99drive.exe ("tl99drive.exe -h" lists them)
@@ -112,6 +119,18 @@ kill_tree() { # PID: the process and its descendants
 }
 
 # One case. Sets case_failed (0 or 1) and case_steps.
+# A registry export as one line per value, "[key] value-line", and one line
+# per key, so that a sorted comparison keeps each value with its key. Wine
+# writes the file in UTF-16; the lines a value continues on are joined.
+flatten_registry() {
+  iconv -f UTF-16 -t UTF-8 "$1" 2>/dev/null | tr -d '\r' | awk '
+    /^\[/ { key = $0; print key; next }
+    /^$/ || /^Windows Registry Editor/ || /^REGEDIT/ { next }
+    { line = $0
+      while (line ~ /\\$/ && (getline more) > 0) { sub(/\\$/, "", line); sub(/^ +/, "", more); line = line more }
+      print key " " line }'
+}
+
 run_case() {
   local file=$1
   local name
@@ -186,14 +205,40 @@ run_case() {
         fail_at "$line_no" "could not make the prefix"
       fi
       ;;
-    system-build)
+    end-program)
+      flush
+      end_program "$program_pid"
+      program_pid=
+      note "ok: $name.e2e:$line_no: end-program"
+      ;;
+    export-registry)
+      flush
+      local windows_file='C:\windows\temp\tl99-export.reg'
+      as_wine_user wine regedit /E "$windows_file" </dev/null >>"$log" 2>&1
+      flatten_registry "$WINEPREFIX/drive_c/windows/temp/tl99-export.reg" >"$dir/${WORDS[0]}.txt"
+      rm -f "$WINEPREFIX/drive_c/windows/temp/tl99-export.reg"
+      note "ok: $name.e2e:$line_no: export-registry ${WORDS[0]} ($(wc -l <"$dir/${WORDS[0]}.txt") values)"
+      ;;
+    expect-registry-diff)
+      flush
+      local changes
+      changes=$(diff <(sort "$dir/${WORDS[0]}.txt") <(sort "$dir/${WORDS[1]}.txt") |
+        sed -n 's/^< /- /p; s/^> /+ /p' | sort)
+      if [ "$changes" = "$(sort "$root/tests/e2e/cases/expected/${WORDS[2]}")" ]; then
+        note "ok: $name.e2e:$line_no: registry changed only as ${WORDS[2]} says"
+      else
+        printf '%s\n' "$changes" >"$dir/registry-changes.txt"
+        fail_at "$line_no" "the registry changed otherwise; see registry-changes.txt"
+      fi
+      ;;
+    system-version)
       end_program "$program_pid"
       program_pid=
       other_build=1
-      if tools/make-win98-prefix.sh --build "${words[1]}" "$WINEPREFIX" </dev/null >>"$log" 2>&1; then
-        note "ok: $name.e2e:$line_no: system-build ${words[1]}"
+      if tools/make-win98-prefix.sh --version "${WORDS[0]}" "$WINEPREFIX" </dev/null >>"$log" 2>&1; then
+        note "ok: $name.e2e:$line_no: system-version ${WORDS[0]}"
       else
-        fail_at "$line_no" "could not make the prefix report build ${words[1]}"
+        fail_at "$line_no" "could not make the prefix report version ${WORDS[0]}"
       fi
       ;;
     program)

@@ -3,17 +3,47 @@
 #include "tests/e2e/driver/named_window.h"
 
 #include <cctype>
+#include <cstdio>
 #include <cstdlib>
+#include <string>
 
 namespace drive {
 namespace {
 
 // The last click, so that two clicks on the same spot are not taken for a
-// double click.
+// double click. It is kept in a file of the temp folder as well, because one
+// case runs the driver several times.
 POINT lastClick{-10000, -10000};
 DWORD lastClickTime = 0;
 
+std::string lastClickFile() {
+  char folder[MAX_PATH] = {};
+  ::GetTempPathA(sizeof folder, folder);
+  return std::string(folder) + "tl99drive-click.txt";
+}
+
+void loadLastClick() {
+  if (FILE* file = std::fopen(lastClickFile().c_str(), "r")) {
+    long x = 0, y = 0;
+    unsigned long tick = 0;
+    if (std::fscanf(file, "%ld %ld %lu", &x, &y, &tick) == 3) {
+      lastClick = {x, y};
+      lastClickTime = tick;
+    }
+    std::fclose(file);
+  }
+}
+
+void saveLastClick() {
+  if (FILE* file = std::fopen(lastClickFile().c_str(), "w")) {
+    std::fprintf(file, "%ld %ld %lu\n", lastClick.x, lastClick.y,
+                 static_cast<unsigned long>(lastClickTime));
+    std::fclose(file);
+  }
+}
+
 void waitOutDoubleClick(POINT point) {
+  loadLastClick();
   const int dx = std::abs(point.x - lastClick.x);
   const int dy = std::abs(point.y - lastClick.y);
   if (dx > ::GetSystemMetrics(SM_CXDOUBLECLK) || dy > ::GetSystemMetrics(SM_CYDOUBLECLK)) return;
@@ -98,6 +128,7 @@ Outcome clickAt(HWND target, POINT screen) {
   ::mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
   lastClick = screen;
   lastClickTime = ::GetTickCount();
+  saveLastClick();
   settle(target);
   return pass(format("at (%ld,%ld)", screen.x, screen.y));
 }
