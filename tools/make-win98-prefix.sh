@@ -28,10 +28,20 @@ wine_user_setup "$prefix"
 wine() { as_wine_user wine "$@"; }
 wineserver() { as_wine_user wineserver "$@"; }
 
-if [ ! -f "$prefix/system.reg" ]; then
-  as_wine_user wineboot -i >/dev/null 2>&1
+# The registry as Wine first made it is kept aside, and every later run
+# starts from it again, so that what programs wrote since is gone.
+pristine=$prefix/.tl99-pristine
+if [ ! -f "$pristine/system.reg" ]; then
+  [ -f "$prefix/system.reg" ] || as_wine_user wineboot -i >/dev/null 2>&1
   wineserver -w
+  mkdir -p "$pristine"
+  cp "$prefix"/system.reg "$prefix"/user.reg "$prefix"/userdef.reg "$pristine/"
+else
+  wineserver -k >/dev/null 2>&1 || true
+  wineserver -w
+  cp "$pristine"/system.reg "$pristine"/user.reg "$pristine"/userdef.reg "$prefix/"
 fi
+[ "$(id -u)" -eq 0 ] && chown -R "$TL99_WINE_USER" "$prefix"
 
 # Wine draws the window frames itself, as Windows does (there is no window
 # manager under Xvfb).

@@ -41,9 +41,9 @@ RegistrySafety::RegistrySafety(PageHost& host) : host_(host) {
   Check25 = &form.add<CheckBox>("Check25", -1, page, {240, 840, 3000, 255});
   Check24->setCaption("Automatic Registry Optimization");
   Check25->setCaption("Automatic Registry Backup");
-  form.add<Label>("Label7", -1, page, {240, 1230, 4400, 255})
+  form.add<Label>("Label7", -1, page, {240, 1230, 4620, 255})
       .setCaption("Maximum Number of Retained Backup Copies (0-99)");
-  Text16 = &form.add<TextBox>("Text16", -1, page, {4680, 1185, 555, 315});
+  Text16 = &form.add<TextBox>("Text16", -1, page, {4920, 1185, 555, 315});
   Text16->setText("1");
   form.add<Label>("Label8", -1, page, {240, 1680, 1500, 255}).setCaption("Backup Directory");
   Text15 = &form.add<TextBox>("Text15", -1, page, {1800, 1635, 4335, 315});
