@@ -63,7 +63,7 @@ fi
 if [ -x tests/e2e/run-e2e.sh ]; then
   echo "== tier 3: end-to-end"
   tests/e2e/run-e2e.sh >"$logs/e2e.log" 2>&1
-  read -r ok bad < <(grep -oE '^e2e: [0-9]+ passed, [0-9]+ failed' "$logs/e2e.log" | grep -oE '[0-9]+' | tr '\n' ' ')
+  read -r ok bad < <(sed -nE 's/^e2e: ([0-9]+) passed, ([0-9]+) failed$/\1 \2/p' "$logs/e2e.log" | tail -n 1)
   grep -E 'FAIL' "$logs/e2e.log" | head -20
   count "end-to-end" "${ok:-0}" "${bad:-1}"
 fi

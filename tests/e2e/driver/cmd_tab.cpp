@@ -36,7 +36,12 @@ Outcome clickTab(const Args& args) {
     return fail("could not read the tab's rectangle");
   POINT middle{(item.left + item.right) / 2, (item.top + item.bottom) / 2};
   ::ClientToScreen(tabs, &middle);
-  return clickAt(tabs, middle);
+  Outcome clicked = clickAt(tabs, middle);
+  if (!clicked.ok) return clicked;
+  // A click that a program just shown hasn't taken yet is tried again.
+  if (ask(tabs, TCM_GETCURSEL) != index)
+    return fail(format("tab %ld did not come to the front", index));
+  return clicked;
 }
 
 Outcome expectTab(const Args& args) {
