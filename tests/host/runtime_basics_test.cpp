@@ -4,6 +4,8 @@
 #include "runtime/text_functions.h"
 #include "runtime/value.h"
 
+#include "tests/host/sim_fixture.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -11,15 +13,6 @@
 using namespace runtime;
 
 namespace {
-
-int errorOf(const std::function<void()>& statement) {
-  try {
-    statement();
-  } catch (const RuntimeError& e) {
-    return e.number();
-  }
-  return 0;
-}
 
 TEST(RuntimeErrors, NumbersCarryTheirStandardTexts) {
   EXPECT_EQ("Invalid procedure call or argument", errorText(5));

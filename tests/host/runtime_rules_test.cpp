@@ -15,15 +15,6 @@ using namespace runtime;
 
 namespace {
 
-int errorOf(const std::function<void()>& statement) {
-  try {
-    statement();
-  } catch (const RuntimeError& e) {
-    return e.number();
-  }
-  return 0;
-}
-
 class RuntimeRules : public SimMachineTest {
 protected:
   void SetUp() override {

@@ -9,7 +9,18 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <string>
+
+// The number of the run-time error a statement raises, 0 when it raises none.
+inline int errorOf(const std::function<void()>& statement) {
+  try {
+    statement();
+  } catch (const runtime::RuntimeError& error) {
+    return error.number();
+  }
+  return 0;
+}
 
 class SimMachineTest : public ::testing::Test {
 protected:
