@@ -59,10 +59,8 @@ constexpr platform::Dword kShowMinimisedWithFocus = 2;
 
 void setCaptionOf(Control* control, const std::string& caption) {
   if (!control) return; // its page isn't built yet
-  if (control->kind() == ControlKind::CheckBox)
-    static_cast<CheckBox*>(control)->setCaption(caption);
-  else if (control->kind() == ControlKind::OptionButton)
-    static_cast<OptionButton*>(control)->setCaption(caption);
+  if (control->kind() == ControlKind::CheckBox || control->kind() == ControlKind::OptionButton)
+    static_cast<Captioned*>(control)->setCaption(caption);
 }
 
 } // namespace

@@ -18,9 +18,9 @@ std::string cutAtNul(const std::string& text) { return text.substr(0, text.find(
 
 } // namespace
 
-// ---- Label -----------------------------------------------------------------
+// ---- Captioned, Label -------------------------------------------------------
 
-void Label::setCaption(const std::string& caption) {
+void Captioned::setCaption(const std::string& caption) {
   if (caption_ == caption) return;
   caption_ = caption;
   notify(Property::Caption);
@@ -81,12 +81,6 @@ void TextBox::userSetText(const std::string& text) {
 
 // ---- CheckBox --------------------------------------------------------------
 
-void CheckBox::setCaption(const std::string& caption) {
-  if (caption_ == caption) return;
-  caption_ = caption;
-  notify(Property::Caption);
-}
-
 void CheckBox::setValue(int value) {
   if (value < 0 || value > 2) raiseError(kInvalidPropertyValue);
   if (value == value_) return;
@@ -101,12 +95,6 @@ void CheckBox::userClick() {
 }
 
 // ---- OptionButton ----------------------------------------------------------
-
-void OptionButton::setCaption(const std::string& caption) {
-  if (caption_ == caption) return;
-  caption_ = caption;
-  notify(Property::Caption);
-}
 
 void OptionButton::setValue(bool value) {
   if (value == value_) return;
@@ -132,12 +120,6 @@ void OptionButton::userClick() {
 
 // ---- CommandButton ---------------------------------------------------------
 
-void CommandButton::setCaption(const std::string& caption) {
-  if (caption_ == caption) return;
-  caption_ = caption;
-  notify(Property::Caption);
-}
-
 void CommandButton::userClick() {
   if (!takesUserInput()) return;
   runUserEvent([&] { fire(onClick); });
@@ -151,12 +133,6 @@ void PictureBox::setPicture(const Picture& picture) {
   if (picture_ == picture) return;
   picture_ = picture;
   notify(Property::Picture);
-}
-
-void Frame::setCaption(const std::string& caption) {
-  if (caption_ == caption) return;
-  caption_ = caption;
-  notify(Property::Caption);
 }
 
 void Frame::setBordered(bool bordered) {

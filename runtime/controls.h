@@ -14,11 +14,20 @@
 
 namespace runtime {
 
-class Label : public Control {
+// A control that shows a caption.
+class Captioned : public Control {
 public:
   using Control::Control;
   const std::string& caption() const { return caption_; }
   void setCaption(const std::string& caption);
+
+private:
+  std::string caption_;
+};
+
+class Label : public Captioned {
+public:
+  using Captioned::Captioned;
   int alignment() const { return alignment_; } // 0 left, 1 right, 2 centre
   void setAlignment(int alignment);
   bool transparent() const { return transparent_; }
@@ -26,7 +35,6 @@ public:
   bool canTakeFocus() const override { return false; }
 
 private:
-  std::string caption_;
   int alignment_ = 0;
   bool transparent_ = false;
 };
@@ -62,11 +70,9 @@ private:
   int maxLength_ = 0;
 };
 
-class CheckBox : public Control {
+class CheckBox : public Captioned {
 public:
-  using Control::Control;
-  const std::string& caption() const { return caption_; }
-  void setCaption(const std::string& caption);
+  using Captioned::Captioned;
   int value() const { return value_; }
   // 0, 1 or 2; anything else is Invalid property value (380). Fires Click on
   // a change.
@@ -74,15 +80,12 @@ public:
   void userClick() override;
 
 private:
-  std::string caption_;
   int value_ = 0;
 };
 
-class OptionButton : public Control {
+class OptionButton : public Captioned {
 public:
-  using Control::Control;
-  const std::string& caption() const { return caption_; }
-  void setCaption(const std::string& caption);
+  using Captioned::Captioned;
   bool value() const { return value_; }
   // Setting True clears the other option buttons of the same container and
   // fires Click on this one; setting False fires nothing.
@@ -90,15 +93,12 @@ public:
   void userClick() override;
 
 private:
-  std::string caption_;
   bool value_ = false;
 };
 
-class CommandButton : public Control {
+class CommandButton : public Captioned {
 public:
-  using Control::Control;
-  const std::string& caption() const { return caption_; }
-  void setCaption(const std::string& caption);
+  using Captioned::Captioned;
   bool isDefault() const { return default_; } // Enter presses it
   void setDefault(bool value) { default_ = value; }
   bool isCancel() const { return cancel_; } // Esc presses it
@@ -108,7 +108,6 @@ public:
   void press();
 
 private:
-  std::string caption_;
   bool default_ = false;
   bool cancel_ = false;
 };
@@ -138,17 +137,14 @@ public:
   bool canTakeFocus() const override { return false; }
 };
 
-class Frame : public Control {
+class Frame : public Captioned {
 public:
-  using Control::Control;
-  const std::string& caption() const { return caption_; }
-  void setCaption(const std::string& caption);
+  using Captioned::Captioned;
   bool bordered() const { return bordered_; }
   void setBordered(bool bordered);
   bool canTakeFocus() const override { return false; }
 
 private:
-  std::string caption_;
   bool bordered_ = true;
 };
 

@@ -103,12 +103,12 @@ std::string windowText(HWND window) {
 const std::string* captionOf(const Control& control) {
   switch (control.kind()) {
   case ControlKind::Form: return &static_cast<const Form&>(control).caption();
-  case ControlKind::Label: return &static_cast<const Label&>(control).caption();
-  case ControlKind::CheckBox: return &static_cast<const CheckBox&>(control).caption();
-  case ControlKind::OptionButton: return &static_cast<const OptionButton&>(control).caption();
-  case ControlKind::CommandButton: return &static_cast<const CommandButton&>(control).caption();
-  case ControlKind::Frame: return &static_cast<const Frame&>(control).caption();
   case ControlKind::TextBox: return &static_cast<const TextBox&>(control).text();
+  case ControlKind::Label:
+  case ControlKind::CheckBox:
+  case ControlKind::OptionButton:
+  case ControlKind::CommandButton:
+  case ControlKind::Frame: return &static_cast<const Captioned&>(control).caption();
   default: return nullptr;
   }
 }
@@ -344,21 +344,21 @@ void ControlWindow::changed(Property property) {
     if (control_.hasFocus()) ::SetFocus(hwnd_);
     break;
   case Property::Region:
-    if (const WindowRegion* spec = static_cast<Form&>(control_).region()) {
+    if (const WindowRegion* wanted = static_cast<Form&>(control_).region()) {
       auto shape = [](const RegionShape& s) {
         return Region(s.kind == RegionShape::Kind::Rect
                           ? ::CreateRectRgn(s.left, s.top, s.right, s.bottom)
                           : ::CreateRoundRectRgn(s.left, s.top, s.right, s.bottom, s.cornerWidth,
                                                  s.cornerHeight));
       };
-      Region first = shape(spec->first);
+      Region first = shape(wanted->first);
       Region result;
-      if (spec->combineMode == 0) {
+      if (wanted->combineMode == 0) {
         result = std::move(first);
       } else {
-        Region second = shape(spec->second);
+        Region second = shape(wanted->second);
         result.reset(::CreateRectRgn(0, 0, 0, 0));
-        ::CombineRgn(result.get(), first.get(), second.get(), spec->combineMode);
+        ::CombineRgn(result.get(), first.get(), second.get(), wanted->combineMode);
       }
       // The window owns the region once SetWindowRgn succeeds.
       if (::SetWindowRgn(hwnd_, result.get(), TRUE)) result.release();
