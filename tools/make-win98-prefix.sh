@@ -51,6 +51,13 @@ wine reg add 'HKCU\Software\Wine\X11 Driver' /v Decorated /t REG_SZ /d N /f >/de
 # The machine's files and registry.
 drive_c=$prefix/drive_c
 cp -r "$env_dir/drive_c/." "$drive_c/"
+# The fonts a Windows 98 has in its Fonts folder for dialogs and window
+# captions: MS Sans Serif and Marlett, from Wine's font package.
+for font in sserife.fon marlett.ttf; do
+  if [ -f "/usr/share/wine/fonts/$font" ]; then
+    cp "/usr/share/wine/fonts/$font" "$drive_c/windows/Fonts/"
+  fi
+done
 cp "$env_dir/win98.reg" "$drive_c/windows/temp/tl99-win98.reg"
 [ "$(id -u)" -eq 0 ] && chown -R "$TL99_WINE_USER" "$drive_c"
 wine regedit /S 'C:\windows\temp\tl99-win98.reg' >/dev/null 2>&1
