@@ -143,12 +143,12 @@ struct Gallery {
       ticks.setCaption("ticks " + std::to_string(++count));
     };
 
-    auto& tabs = form.add<TabStrip>("tabs1", -1, nullptr, {5280, 120, 4080, 2400});
-    tabs.setTabs(3);
+    auto& tabs = form.add<TabStrip>("tabs1", -1, nullptr, {5280, 120, 4080, 3000});
+    tabs.setTabs(5); // two rows of up to three
     tabs.setTabsPerRow(3);
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < 5; ++i) {
       tabs.setTabCaption(i, "Page " + std::to_string(i));
-      Frame& page = tabpage.add(form, i, &tabs, {60, 720, 3900, 1500});
+      Frame& page = tabpage.add(form, i, &tabs, {60, 1320, 3900, 1500});
       page.placeOnTab(i);
       page.setCaption("Contents of page " + std::to_string(i));
       form.add<Label>("tablabel", i, &page, {120, 360, 3000, 255})
@@ -161,19 +161,19 @@ struct Gallery {
                         std::to_string(tabs.tab()));
     };
 
-    auto& spinValue = form.add<Label>("spinvalue", -1, nullptr, {5280, 2700, 1200, 255});
-    auto& spin = form.add<SpinControl>("spin1", -1, nullptr, {6600, 2640, 255, 375});
+    auto& spinValue = form.add<Label>("spinvalue", -1, nullptr, {5280, 3300, 1200, 255});
+    auto& spin = form.add<SpinControl>("spin1", -1, nullptr, {6600, 3240, 255, 375});
     spin.setRange(0, 10);
     spin.setValue(5);
     spinValue.setCaption("spin 5");
     spin.onChange = [&] { spinValue.setCaption("spin " + std::to_string(spin.value())); };
 
-    auto& readout = form.add<Label>("barvalue", -1, nullptr, {5280, 3600, 1800, 255});
-    auto& host = form.add<UserControlHost>("user1", -1, nullptr, {5280, 3120, 3000, 375});
+    auto& readout = form.add<Label>("barvalue", -1, nullptr, {5280, 4200, 1800, 255});
+    auto& host = form.add<UserControlHost>("user1", -1, nullptr, {5280, 3720, 3000, 375});
     bar_ = std::make_unique<Bar>(host, readout);
     host.setBehavior(bar_.get());
 
-    auto& colored = form.add<Label>("colored", -1, nullptr, {5280, 4080, 3000, 255});
+    auto& colored = form.add<Label>("colored", -1, nullptr, {5280, 4680, 3000, 255});
     colored.setCaption("White on navy");
     colored.setBackColor(0x800000);
     colored.setForeColor(0xFFFFFF);
