@@ -121,7 +121,6 @@ void FMain::ShapeMainForm() {
 }
 
 void FMain::Form_Load() {
-  auto& app = Application::instance();
   // Until a foreign scanreg.ini has been replaced, errors end the load; from
   // then on the load resumes at the next statement.
   bool resuming = false;
@@ -137,8 +136,7 @@ void FMain::Form_Load() {
   clock_focus_armed = std::int16_t{0};
   net_sec_ready = 0;
   ShapeMainForm();
-  form.move((app.screenWidth - form.width()) / 2, (app.screenHeight - form.height()) / 2,
-            form.width(), form.height());
+  form.centreOnScreen();
   windir = sysaccess::GetWinDir();
   windir = throughHidden(windir);
 

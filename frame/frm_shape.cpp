@@ -26,8 +26,7 @@ void FrmShape::ShapeAboutForm() {
 
 void FrmShape::Form_Load() {
   auto& app = Application::instance();
-  form.move((app.screenWidth - form.width()) / 2, (app.screenHeight - form.height()) / 2,
-            form.width(), form.height());
+  form.centreOnScreen();
   ShapeAboutForm();
   form.show();
   // The splash delay: the event queue runs this many times, so a click or a

@@ -47,9 +47,7 @@ void WinExit::Form_Load() {
   Areyousurelabel->setCaption(kDesignCaption);
   Logoff->setValue(true);
   No->setVisible(true);
-  const auto& app = Application::instance();
-  form.move((app.screenWidth - form.width()) / 2, (app.screenHeight - form.height()) / 2,
-            form.width(), form.height());
+  form.centreOnScreen();
   form.show();
   Yes->setFocus();
 }

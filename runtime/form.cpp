@@ -33,6 +33,11 @@ void Form::setClientSize(int width, int height) {
        height + 2 * app.borderWidth + app.captionHeight);
 }
 
+void Form::centreOnScreen() {
+  const auto& app = Application::instance();
+  move((app.screenWidth - width()) / 2, (app.screenHeight - height()) / 2, width(), height());
+}
+
 void Form::setWindowState(int state) {
   if (windowState_ == state) return;
   windowState_ = state;

@@ -56,6 +56,8 @@ public:
   // Sizes the form so that its client area has this size in twips; Width and
   // Height then include the border and caption.
   void setClientSize(int width, int height);
+  // Moves the form to the middle of the screen: (screen - form) \ 2 each way.
+  void centreOnScreen();
   int windowState() const { return windowState_; } // 0 normal, 1 minimised
   void setWindowState(int state);
   const WindowRegion* region() const { return hasRegion_ ? &region_ : nullptr; }

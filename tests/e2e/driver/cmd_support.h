@@ -38,4 +38,13 @@ inline Outcome compare(const std::string& what, long actual, long expected) {
   return fail(format("%s is %ld, expected %ld", what.c_str(), actual, expected));
 }
 
+// "NAME NUMBER": what `read` gives for the window NAME, compared with NUMBER.
+template <class Read> Outcome expectNumber(const Args& args, const std::string& what, Read read) {
+  Outcome failure;
+  long expected = 0;
+  HWND window = lookup(args[0], &failure);
+  if (!window || !number(args[1], &expected, &failure)) return failure;
+  return compare(what, read(window), expected);
+}
+
 } // namespace drive

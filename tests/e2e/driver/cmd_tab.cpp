@@ -45,11 +45,8 @@ Outcome clickTab(const Args& args) {
 }
 
 Outcome expectTab(const Args& args) {
-  Outcome failure;
-  long expected = 0;
-  HWND tabs = lookup(args[0], &failure);
-  if (!tabs || !number(args[1], &expected, &failure)) return failure;
-  return compare("selected tab", ask(tabs, TCM_GETCURSEL), expected);
+  return expectNumber(args, "selected tab",
+                      [](HWND tabs) -> long { return ask(tabs, TCM_GETCURSEL); });
 }
 
 Outcome expectTabImage(const Args& args) {

@@ -34,27 +34,18 @@ Outcome expectText(const Args& args) {
 }
 
 Outcome expectCheck(const Args& args) {
-  Outcome failure;
-  long expected = 0;
-  HWND window = lookup(args[0], &failure);
-  if (!window || !number(args[1], &expected, &failure)) return failure;
-  return compare("check state", ask(window, BM_GETCHECK), expected);
+  return expectNumber(args, "check state",
+                      [](HWND window) -> long { return ask(window, BM_GETCHECK); });
 }
 
 Outcome expectEnabled(const Args& args) {
-  Outcome failure;
-  long expected = 0;
-  HWND window = lookup(args[0], &failure);
-  if (!window || !number(args[1], &expected, &failure)) return failure;
-  return compare("enabled", ::IsWindowEnabled(window) ? 1 : 0, expected);
+  return expectNumber(args, "enabled",
+                      [](HWND window) -> long { return ::IsWindowEnabled(window) ? 1 : 0; });
 }
 
 Outcome expectVisible(const Args& args) {
-  Outcome failure;
-  long expected = 0;
-  HWND window = lookup(args[0], &failure);
-  if (!window || !number(args[1], &expected, &failure)) return failure;
-  return compare("visible", ::IsWindowVisible(window) ? 1 : 0, expected);
+  return expectNumber(args, "visible",
+                      [](HWND window) -> long { return ::IsWindowVisible(window) ? 1 : 0; });
 }
 
 Outcome expectItem(const Args& args) {
