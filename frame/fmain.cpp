@@ -2,6 +2,7 @@
 #include "frame/fmain.h"
 
 #include "frame/frm_shape.h"
+#include "frame/page_set.h"
 #include "frame/page_table.h"
 #include "frame/regions.h"
 #include "frame/win_exit.h"
@@ -9,6 +10,7 @@
 #include "runtime/application.h"
 #include "runtime/basic_error.h"
 #include "runtime/basic_files.h"
+#include "runtime/basic_math.h"
 #include "sysaccess/system_helpers.h"
 
 namespace frame {
@@ -65,14 +67,17 @@ void setCaptionOf(Control* control, const std::string& caption) {
 
 } // namespace
 
-void FMain::read(const std::string& reader) {
-  const auto found = readers.find(reader);
-  if (found != readers.end() && found->second) found->second();
+PictureBox& FMain::button(const std::string& name) const {
+  for (const PageRow& page : kPages) {
+    if (name == page.applyName) return *(pageButtons.*page.apply);
+    if (name == page.refreshName) return *(pageButtons.*page.refresh);
+  }
+  raiseError(kInvalidProcedureCall);
 }
 
 std::string FMain::throughHidden(const Value& value) {
-  Hidden->setText(toText(value));
-  return Hidden->text();
+  Hidden_->setText(toText(value));
+  return Hidden_->text();
 }
 
 void FMain::connectHandlers() {
@@ -110,85 +115,127 @@ void FMain::connectHandlers() {
   MainTab->onMouseMove = elsewhere;
   Frame4.onMouseMove = [this](int, int, int, float, float) { restoreImages(); };
 
-  for (auto& [name, button] : pageButtons) {
-    button->onClick = [this, name = name] { pageButtonClick(name); };
-    button->onMouseMove = [this, name = name](int, int, float, float) { pageButtonHover(name); };
+  for (const PageRow& page : kPages) {
+    (pageButtons.*page.refresh)->onMouseMove = [this, &page](int, int, float, float) {
+      pageButtonHover(page, true);
+    };
+    (pageButtons.*page.apply)->onMouseMove = [this, &page](int, int, float, float) {
+      pageButtonHover(page, false);
+    };
   }
+
+  // Check2 spans two pages: 0 to 14 arm the Desktop page, 15 to 20 the
+  // Troubleshooting page, where 20 also governs the defragmenter options.
+  Check2_.onClick = [this](int index) {
+    if (index < 15) pageButtons.applyb->setEnabled(true);
+    if (index >= 15 && index <= 20) pageButtons.ondAp->setEnabled(true);
+    if (index == 20) pages->trouble.defgragFollowsCheck2();
+  };
 }
 
 void FMain::ShapeMainForm() {
   form.setRegion(frame::ShapeMainForm(form.width(), Application::instance().twipsPerPixelX));
 }
 
-void FMain::Form_Load() {
-  // Until a foreign scanreg.ini has been replaced, errors end the load; from
-  // then on the load resumes at the next statement.
-  bool resuming = false;
-  ResumeNext resume;
-  const auto step = [&](const std::function<void()>& statement) {
-    if (resuming)
-      resume(statement);
-    else
-      statement();
-  };
+namespace {
 
+// One statement of the load sequence that runs under "resume next" once a
+// foreign scanreg.ini has been replaced. A statement marked alwaysResumes is
+// never allowed to end the load: reading a backup directory that doesn't
+// exist would otherwise end every start once it has been saved.
+struct LoadStatement {
+  void (*run)(FMain&);
+  bool alwaysResumes = false;
+};
+
+// The page readers of step 10, in their order.
+constexpr LoadStatement kPageReaders[] = {
+    {[](FMain& f) { f.pages->boot.ref_boot(); }},
+    {[](FMain& f) { f.pages->internet.ref_connection(); }},
+    {[](FMain& f) { f.pages->netSec.ref_net_sec(); }},
+    {[](FMain& f) { f.pages->safety.ref_scanreg(); }, true},
+    {[](FMain& f) { f.pages->internet.mtu_opt(); }},
+    {[](FMain& f) { f.pages->software.ref_uninstall_list(); }},
+    {[](FMain& f) { f.pages->desktop.ref_desk(); }},
+    {[](FMain& f) { f.pages->access.ref_access(); }},
+};
+
+// The statements after the run-time captions, in their order.
+constexpr LoadStatement kAfterCaptions[] = {
+    {[](FMain& f) { f.mtu_option = std::int16_t{1}; }},
+    {[](FMain& f) {
+      if (toInteger(f.mtu_option) == 1) f.pageButtons.ApplyM->setEnabled(false);
+    }},
+    {[](FMain& f) { f.pages->trouble.ref_trouble(); }},
+    {[](FMain& f) { f.frmShape->form.load(); }},
+    {[](FMain& f) { f.frmShape->form.hide(); }},
+    {[](FMain& f) { f.MainTab->setTab(0); }},
+    {[](FMain& f) { f.MainTab->setVisible(true); }},
+    {[](FMain& f) { f.Picture10->setVisible(true); }},
+    {[](FMain& f) { f.Picture11->setVisible(true); }},
+    {[](FMain& f) { f.pages->internet.other_in_at_load(); }},
+};
+
+constexpr LoadStatement kLastStatements[] = {
+    {[](FMain& f) { f.pageButtons.refa->setEnabled(false); }},
+    {[](FMain& f) { f.MainTab->setTabPicture(0, f.Image2(1).picture()); }},
+    {[](FMain& f) { f.PLabel0->setCaption(kPages[0].title); }},
+    {[](FMain& f) { f.PLabel1->setCaption(kPages[0].title); }},
+    {[](FMain& f) { f.pages->tracking.ref_tracking(); }},
+};
+
+} // namespace
+
+void FMain::Form_Load() {
   boot_drive = "c:";
   clock_focus_armed = std::int16_t{0};
   net_sec_ready = 0;
   ShapeMainForm();
+  pages->boot.sl.setEnabled(false);
+  pages->tracking.menu_delay_slider.setEnabled(false);
+  pages->boot.sl.set_caption_string(" Bytes");
   form.centreOnScreen();
+  Randomize();
   windir = sysaccess::GetWinDir();
   windir = throughHidden(windir);
 
+  // Until a foreign scanreg.ini has been replaced, an error ends the load;
+  // from then on every statement resumes at the next one.
+  bool resuming = false;
+  ResumeNext resume;
+  const auto attempt = [&](const auto& statement, bool alwaysResumes = false) {
+    if (resuming || alwaysResumes)
+      resume(statement);
+    else
+      statement();
+  };
+  const auto run = [&](const LoadStatement& statement) {
+    attempt([&] { statement.run(*this); }, statement.alwaysResumes);
+  };
+  const auto step = [&](void (*statement)(FMain&)) { run({statement}); };
+
   // A scanreg.ini without this program's marker is replaced by the template
   // beside the program; a missing template leaves no scanreg.ini at all.
-  const std::string scanreg = windir + "\\scanreg.ini";
-  if (sysaccess::GetFromINI("-=Note=-", "Altered by Tweakloom 99", scanreg) !=
+  if (sysaccess::GetFromINI("-=Note=-", "Altered by Tweakloom 99", windir + "\\scanreg.ini") !=
       "Please do not edit manually") {
-    windir = Hidden->text();
+    windir = Hidden_->text();
     resuming = true;
-    step([&] { Kill(scanreg); });
-    step([&] { FileCopy("Tweakloom 99.sam", scanreg); });
+    step([](FMain& f) { Kill(f.windir + "\\scanreg.ini"); });
+    step([](FMain& f) { FileCopy("Tweakloom 99.sam", f.windir + "\\scanreg.ini"); });
   }
 
-  step([&] { read("ref_oem_page"); });
-  step([&] { is_win98 = reflab(); });
-  for (const char* reader : {"ref_boot", "ref_connection", "ref_net_sec", "ref_scanreg", "mtu_opt",
-                             "ref_uninstall_list", "ref_desk", "ref_access"}) {
-    // The load goes on past a backup directory that doesn't exist, which
-    // would otherwise end every start once it has been saved.
-    if (std::string(reader) == "ref_scanreg")
-      resume([&] { read(reader); });
-    else
-      step([&] { read(reader); });
-  }
+  step([](FMain& f) { f.pages->oem.ref_oem_page(); });
+  step([](FMain& f) { f.is_win98 = f.reflab(); });
+  for (const LoadStatement& statement : kPageReaders)
+    run(statement);
   for (const CaptionRow& row : kRunTimeCaptions)
-    step([&] { setCaptionOf(form.find(row.control), row.caption); });
-  step([&] {
-    mtu_option = std::int16_t{1};
-    button("ApplyM").setEnabled(false);
-  });
-  step([&] { read("ref_trouble"); });
-  step([&] {
-    frmShape->form.load();
-    frmShape->form.hide();
-  });
-  step([&] {
-    MainTab->setTab(0);
-    MainTab->setVisible(true);
-    Picture10->setVisible(true);
-    Picture11->setVisible(true);
-  });
-  step([&] { read("other_in"); });
+    attempt([&] { setCaptionOf(form.find(row.control), row.caption); });
+  for (const LoadStatement& statement : kAfterCaptions)
+    run(statement);
   for (int i = 0; i < MainTab->tabs(); ++i)
-    step([&] { MainTab->setTabCaption(i, ""); });
-  step([&] { button("refa").setEnabled(false); });
-  step([&] { MainTab->setTabPicture(0, Image2(1).picture()); });
-  step([&] {
-    PLabel0->setCaption(kPages[0].title);
-    PLabel1->setCaption(kPages[0].title);
-  });
-  step([&] { read("ref_tracking"); });
+    attempt([&] { MainTab->setTabCaption(i, ""); });
+  for (const LoadStatement& statement : kLastStatements)
+    run(statement);
 }
 
 void FMain::Form_Paint() {
@@ -208,21 +255,6 @@ void FMain::MainTab_Click() {
   MainTab->setTabPicture(t, Image2(2 * t + 1).picture());
   PLabel0->setCaption(kPages[static_cast<std::size_t>(t)].title);
   PLabel1->setCaption(kPages[static_cast<std::size_t>(t)].title);
-}
-
-void FMain::pageButtonClick(const std::string& name) {
-  const auto work = buttonWork.find(name);
-  if (work != buttonWork.end() && work->second) {
-    work->second();
-    return;
-  }
-  // Refresh buttons of pages that have no work of their own: the page's
-  // reader; Ref_st also disables the Apply button of the Troubleshooting page.
-  if (name == "Ref_st") {
-    read("ref_tracking");
-    button("Clear").setEnabled(false);
-    button("ondAp").setEnabled(false);
-  }
 }
 
 } // namespace frame

@@ -8,17 +8,19 @@
 #include "runtime/form.h"
 #include "runtime/value.h"
 
-#include <functional>
-#include <map>
+#include <memory>
 #include <string>
 
 namespace frame {
 
+struct PageRow;
 class WinExit;
 class FrmShape;
+struct PageSet;
 
-struct FMain : pages::PageHost {
+struct FMain : pages::PageHost, pages::FormFields {
   FMain();
+  ~FMain() override;
   FMain(const FMain&) = delete;
   FMain& operator=(const FMain&) = delete;
 
@@ -43,12 +45,13 @@ struct FMain : pages::PageHost {
   runtime::Label* lblWininfO = nullptr;
   runtime::Label* tip_text = nullptr;
   runtime::Timer* Timer1 = nullptr;
-  runtime::TextBox* Hidden = nullptr;
+  runtime::TextBox* Hidden_ = nullptr;                    // the design's Hidden
   runtime::ControlArray<runtime::Image> Image2{"Image2"}; // tab icons
   runtime::ControlArray<runtime::Frame> Frame4{"Frame4"}; // the page frames
-  // The Refresh and Apply picture buttons of the pages, by name.
-  std::map<std::string, runtime::PictureBox*> pageButtons;
-  runtime::PictureBox& button(const std::string& name) const { return *pageButtons.at(name); }
+  // The Refresh and Apply picture buttons of the ten pages.
+  pages::PageButtons pageButtons;
+  // A page button by its design name, for tests and tools.
+  runtime::PictureBox& button(const std::string& name) const;
 
   // Memory Status group of the Boot Options page.
   runtime::Frame* Frame6 = nullptr;
@@ -58,37 +61,26 @@ struct FMain : pages::PageHost {
   runtime::TextBox* txtSwapSize = nullptr;
 
   // ---- Form-level fields ----
-  std::string boot_drive;
-  std::string windir;
+  // Those the pages share are in pages::FormFields.
   std::int16_t is_win98 = 0;
-  runtime::Value clock_focus_armed;
-  runtime::Value mtu_option;
-  std::int16_t net_sec_ready = 0;
-  std::int16_t mss_value = 0;
-  std::int32_t run_count_machine = 0;
-  std::int32_t run_count_user = 0;
   runtime::Value user_name;
   runtime::Value uptime_seconds, uptime_minutes, uptime_hours;
   runtime::Value hour_pad, minute_pad, second_pad, status_line;
 
   // ---- Pages ----
-  // A page's readers and the work of its picture buttons, set by the page
-  // when it is built. A reader that no page has set yet is passed over.
-  std::map<std::string, std::function<void()>> readers;
-  std::map<std::string, std::function<void()>> buttonWork;
-  void read(const std::string& reader);
+  // The array of check boxes shared by the Desktop and Troubleshooting pages.
+  runtime::ControlArray<runtime::CheckBox> Check2_{"Check2"};
+  // The ten pages, made once the frame's controls exist.
+  std::unique_ptr<PageSet> pages;
 
   runtime::Form& mainForm() override { return form; }
   runtime::Frame& pageFrame(int frameIndex) override { return Frame4(frameIndex); }
-  runtime::PictureBox& pageButton(const std::string& name) override { return button(name); }
+  pages::PageButtons& buttons() override { return pageButtons; }
+  pages::FormFields& fields() override { return *this; }
+  runtime::TextBox& Hidden() override { return *Hidden_; }
   std::string throughHidden(const runtime::Value& value) override;
   const std::string& windowsDirectory() const override { return windir; }
-  void setReader(const std::string& name, std::function<void()> reader) override {
-    readers[name] = std::move(reader);
-  }
-  void setButtonWork(const std::string& name, std::function<void()> work) override {
-    buttonWork[name] = std::move(work);
-  }
+  runtime::ControlArray<runtime::CheckBox>& Check2() override { return Check2_; }
 
   // ---- Routines ----
   void Form_Load();
@@ -108,8 +100,7 @@ private:
   void buildFrame();
   void buildPages();
   void connectHandlers();
-  void pageButtonClick(const std::string& name);
-  void pageButtonHover(const std::string& name);
+  void pageButtonHover(const PageRow& page, bool overRefresh);
 };
 
 } // namespace frame

@@ -1,5 +1,6 @@
 // The controls of the main form, made from the design's tables.
 #include "frame/fmain.h"
+#include "frame/page_set.h"
 #include "frame/page_table.h"
 
 #include <string>
@@ -50,8 +51,11 @@ Picture face(const std::string& name, bool lit) {
 FMain::FMain() {
   buildFrame();
   buildPages();
+  pages = std::make_unique<PageSet>(*this);
   connectHandlers();
 }
+
+FMain::~FMain() = default;
 
 void FMain::buildFrame() {
   form.setCaption("Tweakloom 99");
@@ -117,7 +121,7 @@ void FMain::buildFrame() {
 
   Timer1 = &form.add<Timer>("Timer1", -1, nullptr, {});
   Timer1->setInterval(20);
-  Hidden = &form.add<TextBox>("Hidden", -1, nullptr, {12990, 6060, 2145, 285});
+  Hidden_ = &form.add<TextBox>("Hidden", -1, nullptr, {12990, 6060, 2145, 285});
 }
 
 void FMain::buildPages() {
@@ -126,17 +130,17 @@ void FMain::buildPages() {
         Frame4.add(form, page.frame, MainTab, {kFrameLeft, kFrameTop, kFrameWidth, kFrameHeight});
     frame.placeOnTab(page.tab);
     frame.setBordered(false);
-    auto& refresh = form.add<PictureBox>(page.refresh, -1, MainTab,
+    auto& refresh = form.add<PictureBox>(page.refreshName, -1, MainTab,
                                          {kRefreshLeft, kButtonTop, kButtonWidth, kButtonHeight});
-    auto& apply = form.add<PictureBox>(page.apply, -1, MainTab,
+    auto& apply = form.add<PictureBox>(page.applyName, -1, MainTab,
                                        {kApplyLeft, kButtonTop, kButtonWidth, kButtonHeight});
     refresh.placeOnTab(page.tab);
     apply.placeOnTab(page.tab);
     refresh.setPicture(Picture8->picture());
     apply.setPicture(Picture9->picture());
     apply.setEnabled(false); // every Apply button is disabled in the design
-    pageButtons[page.refresh] = &refresh;
-    pageButtons[page.apply] = &apply;
+    pageButtons.*page.refresh = &refresh;
+    pageButtons.*page.apply = &apply;
   }
 
   Frame6 = &form.add<Frame>("Frame6", -1, &Frame4(1), {3360, 3720, 2955, 1620});

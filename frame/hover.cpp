@@ -3,36 +3,16 @@
 #include "frame/fmain.h"
 #include "frame/page_table.h"
 
-#include <string_view>
+#include <algorithm>
 
 namespace frame {
 
-namespace {
+using runtime::PictureBox;
 
-struct ButtonPair {
-  const char* refresh;
-  const char* apply;
-};
-
-ButtonPair pairOf(std::string_view name) {
-  for (const PageRow& page : kPages)
-    if (name == page.refresh || name == page.apply) return {page.refresh, page.apply};
-  return {"", ""};
-}
-
-bool isRefresh(std::string_view name) {
-  for (const PageRow& page : kPages)
-    if (name == page.refresh) return true;
-  return false;
-}
-
-} // namespace
-
-void FMain::pageButtonHover(const std::string& name) {
-  const ButtonPair pair = pairOf(name);
-  auto& refresh = button(pair.refresh);
-  auto& apply = button(pair.apply);
-  if (isRefresh(name)) {
+void FMain::pageButtonHover(const PageRow& page, bool overRefresh) {
+  PictureBox& refresh = *(pageButtons.*page.refresh);
+  PictureBox& apply = *(pageButtons.*page.apply);
+  if (overRefresh) {
     if (refresh.enabled()) refresh.setPicture(Picture6->picture());
     if (apply.enabled()) apply.setPicture(Picture9->picture());
   } else {
@@ -46,10 +26,12 @@ void FMain::restoreImages() {
   Picture2(0).setPicture(Picture2(2).picture());
   Picture4(0).setPicture(Picture4(2).picture());
   Picture0(0).setPicture(Picture0(2).picture());
-  for (const char* name : kRestoreOrder) {
-    auto& face = button(name);
+  for (const ButtonSlot slot : kRestoreOrder) {
+    PictureBox& face = *(pageButtons.*slot);
     if (!face.enabled()) continue;
-    face.setPicture(isRefresh(name) ? Picture8->picture() : Picture9->picture());
+    const bool isRefresh = std::any_of(
+        kPages.begin(), kPages.end(), [slot](const PageRow& page) { return page.refresh == slot; });
+    face.setPicture(isRefresh ? Picture8->picture() : Picture9->picture());
   }
 }
 

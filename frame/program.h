@@ -5,8 +5,6 @@
 #include "frame/fmain.h"
 #include "frame/frm_shape.h"
 #include "frame/win_exit.h"
-#include "pages/privacy/registry_safety.h"
-#include "pages/shell/access_restriction.h"
 
 namespace frame {
 
@@ -18,10 +16,6 @@ struct Program {
   FMain fmain;
   WinExit winExit;
   FrmShape frmShape;
-
-  // The pages, each on its tab of the main form.
-  pages::AccessRestriction accessRestriction{fmain};
-  pages::RegistrySafety registrySafety{fmain};
 
   // Runs the first form's load: the splash, then the main form.
   void start();

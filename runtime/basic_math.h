@@ -14,3 +14,12 @@ std::int32_t integerDivide(const Value& a, const Value& b);
 std::int32_t modulo(const Value& a, const Value& b);
 
 } // namespace runtime
+
+namespace runtime {
+
+// Randomize: seeds the generator behind Rnd from the seconds since midnight,
+// as Basic's Timer gives them. Rnd: the next number in [0, 1).
+void Randomize();
+float Rnd();
+
+} // namespace runtime

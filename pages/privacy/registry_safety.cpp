@@ -60,7 +60,7 @@ RegistrySafety::RegistrySafety(PageHost& host) : host_(host) {
   File1 = &form.add<FileListBox>("File1", -1, page, {240, 3240, 5895, 1980});
   File1->setPattern("*.cab");
 
-  const auto arm = [&host] { host.pageButton("refa").setEnabled(true); };
+  const auto arm = [&host] { host.buttons().refa->setEnabled(true); };
   for (CheckBox* box : {Check21, Check22, Check23, Check24, Check25})
     box->onClick = arm;
   Text15->onChange = arm;
@@ -74,9 +74,8 @@ RegistrySafety::RegistrySafety(PageHost& host) : host_(host) {
       key = 0;
   };
 
-  host.setReader("ref_scanreg", [this] { ref_scanreg(); });
-  host.setButtonWork("ref_scan", [this] { ref_scanreg(); });
-  host.setButtonWork("refa", [this] { refa_Click(); });
+  host.buttons().ref_scan->onClick = [this] { ref_scanreg(); };
+  host.buttons().refa->onClick = [this] { refa_Click(); };
 }
 
 std::string RegistrySafety::scanregIni() const {
@@ -130,7 +129,7 @@ void RegistrySafety::refa_Click() {
   write(kSection, "BackupDirectory", Text15->text(), ini);
   write(kSection, "MaxBackupCopies", Text16->text(), ini);
   ref_scanreg();
-  host_.pageButton("refa").setEnabled(false);
+  host_.buttons().refa->setEnabled(false);
 }
 
 } // namespace pages

@@ -126,10 +126,9 @@ AccessRestriction::AccessRestriction(PageHost& host) : host_(host) {
   form.add<Line>("Line1", 4, &page, {3090, kFirstRow, 0, 4740});
   form.add<Line>("Line1", 5, &page, {3120, kFirstRow, 0, 4740});
 
-  net_check.onClick = [&host](int) { host.pageButton("app_b").setEnabled(true); };
-  host.setReader("ref_access", [this] { ref_access(); });
-  host.setButtonWork("ref_b", [this] { ref_access(); });
-  host.setButtonWork("app_b", [this] { app_b_Click(); });
+  net_check.onClick = [&host](int) { host.buttons().app_b->setEnabled(true); };
+  host.buttons().ref_b->onClick = [this] { ref_access(); };
+  host.buttons().app_b->onClick = [this] { app_b_Click(); };
 }
 
 void AccessRestriction::ref_access() {
@@ -141,7 +140,7 @@ void AccessRestriction::ref_access() {
     if (text == ticked) net_check(index).setValue(1);
     if (text != ticked) net_check(index).setValue(0);
   }
-  host_.pageButton("app_b").setEnabled(false);
+  host_.buttons().app_b->setEnabled(false);
 }
 
 void AccessRestriction::app_b_Click() {
@@ -157,7 +156,7 @@ void AccessRestriction::app_b_Click() {
     if (value == 0) sysaccess::DelRegValue(HKU, key, row.value);
   }
   ref_access();
-  host_.pageButton("app_b").setEnabled(false);
+  host_.buttons().app_b->setEnabled(false);
 }
 
 } // namespace pages

@@ -1,6 +1,7 @@
 // Benchmark, run under Wine in the Windows 98 prefix: the registry and
 // profile routines against the bare Win32 calls they make, on the same values,
 // measured in one run. Prints figures; never fails on time.
+#include "frame/page_set.h"
 #include "frame/program.h"
 #include "runtime/application.h"
 #include "sysaccess/ellreg.h"
@@ -132,11 +133,11 @@ int main() {
     }
   };
   compare(
-      "ref_access", 1.2, 300, [&] { program.accessRestriction.ref_access(); }, bareRead);
-  program.accessRestriction.net_check(0).setValue(1);
-  program.accessRestriction.net_check(22).setValue(1);
+      "ref_access", 1.2, 300, [&] { program.fmain.pages->access.ref_access(); }, bareRead);
+  program.fmain.pages->access.net_check(0).setValue(1);
+  program.fmain.pages->access.net_check(22).setValue(1);
   compare(
-      "app_b Apply", 1.2, 100, [&] { program.accessRestriction.app_b_Click(); },
+      "app_b Apply", 1.2, 100, [&] { program.fmain.pages->access.app_b_Click(); },
       [&] {
         for (const auto& row : kRows) {
           const std::string key = policies + row.key;
@@ -164,8 +165,8 @@ int main() {
         }
         bareRead();
       });
-  program.accessRestriction.net_check(0).setValue(0);
-  program.accessRestriction.net_check(22).setValue(0);
-  program.accessRestriction.app_b_Click();
+  program.fmain.pages->access.net_check(0).setValue(0);
+  program.fmain.pages->access.net_check(22).setValue(0);
+  program.fmain.pages->access.app_b_Click();
   return 0;
 }

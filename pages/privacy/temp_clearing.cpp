@@ -1,0 +1,7 @@
+#include "pages/privacy/temp_clearing.h"
+
+namespace pages {
+
+void EmptyTempFolder() {}
+
+} // namespace pages
