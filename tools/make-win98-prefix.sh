@@ -58,10 +58,14 @@ for font in sserife.fon marlett.ttf; do
     cp "/usr/share/wine/fonts/$font" "$drive_c/windows/Fonts/"
   fi
 done
-cp "$env_dir/win98.reg" "$drive_c/windows/temp/tl99-win98.reg"
-[ "$(id -u)" -eq 0 ] && chown -R "$TL99_WINE_USER" "$drive_c"
-wine regedit /S 'C:\windows\temp\tl99-win98.reg' >/dev/null 2>&1
-rm -f "$drive_c/windows/temp/tl99-win98.reg"
+# win98.reg holds the machine's common keys; each page's keys may stand in a
+# file of their own beside it. All are imported, in name order.
+for reg in "$env_dir"/*.reg; do
+  cp "$reg" "$drive_c/windows/temp/tl99-import.reg"
+  [ "$(id -u)" -eq 0 ] && chown -R "$TL99_WINE_USER" "$drive_c"
+  wine regedit /S 'C:\windows\temp\tl99-import.reg' >/dev/null 2>&1
+done
+rm -f "$drive_c/windows/temp/tl99-import.reg"
 # The reported system, set last (the registry file holds Windows 98's own
 # VersionNumber): Wine takes a 9x version from VersionNumber once the NT
 # CurrentVersion value is gone.
