@@ -23,6 +23,10 @@ protected:
   void SetUp() override {
     conformance::prepareMachine();
     conformance::writeFile(kMsdosSys, kContent);
+    // Hidden and system first, read-only last: Wine stores hidden and system
+    // beside the file and can't do so once the file is read-only.
+    ASSERT_TRUE(platform::SetFileAttributesA(
+        kMsdosSys.c_str(), platform::kAttributeHidden | platform::kAttributeSystem));
     ASSERT_TRUE(platform::SetFileAttributesA(kMsdosSys.c_str(), kBootFileAttributes));
   }
 };
