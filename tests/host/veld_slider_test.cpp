@@ -5,7 +5,6 @@
 #include "runtime/application.h"
 #include "tests/host/sim_fixture.h"
 
-#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <memory>
@@ -381,21 +380,6 @@ TEST(VeldSliderLogicTest, DisablingShowsTheDisabledFaceAndEnabledStillAnswersTru
   f.readEnabled(false);
   EXPECT_FALSE(f.Enabled());
   EXPECT_TRUE(f.parts().frameEnabled[0]);
-}
-
-TEST(VeldSliderLogicTest, BenchmarkOneDragTick) {
-  VeldSliderLogic s = loaded(2048, 8192, 1);
-  constexpr int kTicks = 2'000'000;
-  const auto start = std::chrono::steady_clock::now();
-  for (int i = 0; i < kTicks; ++i) {
-    s.knobMouseMove(0, kLeft, static_cast<float>(i % 3000 - 1500));
-    s.timerTick();
-  }
-  const double ns =
-      std::chrono::duration<double, std::nano>(std::chrono::steady_clock::now() - start).count() /
-      kTicks;
-  std::printf("[bench] VeldSlider drag: one mouse move and one 20 ms tick: %.1f ns\n", ns);
-  SUCCEED();
 }
 
 // ---- The control on a form -------------------------------------------------
