@@ -989,4 +989,43 @@ TEST_F(Desktop, ApplyLeavesOpenOnlyTheKeysOfItsBinaryWrites) {
   EXPECT_EQ(before + 6, platform::sim::openKeyHandles());
 }
 
+// ---- Values another program may have left -----------------------------------
+
+TEST_F(Desktop, ForeignFormsOfThePagesOwnValues) {
+  // A REG_DWORD size reads "032"; a binary spacing reads as hex digits, whose
+  // leading number is 0; a five-byte binary blink rate is "any other rate".
+  platform::sim::storeRawValue(HKU, kWM, "Shell Icon Size", platform::kRegDword, {32, 0, 0, 0});
+  platform::sim::storeRawValue(HKU, kWM, "IconSpacing", platform::kRegBinary, {0xFB, 0xFB, 0, 0});
+  platform::sim::storeRawValue(HKU, kWM, "IconVerticalSpacing", platform::kRegSz, {});
+  platform::sim::storeRawValue(HKCU, kDeskl, "AutoEndTasks", platform::kRegDword, {1, 0, 0, 0});
+  platform::sim::storeRawValue(HKCU, kDeskl, "WaitToKillAppTimeout", platform::kRegSz,
+                               sz("1000\xFF"));
+  platform::sim::storeRawValue(HKU, ".DEFAULT\\Control Panel\\Desktop", "CursorBlinkRate",
+                               platform::kRegBinary, {0xFF, 0xFF, 0, 0, 0});
+  start();
+  EXPECT_FALSE(ended_);
+  EXPECT_EQ("32", page().icnWset->text());
+  EXPECT_EQ("-32", page().icnHset->text());
+  EXPECT_EQ("-32", page().icnVset->text()); // 2048 blanks: no number
+  EXPECT_EQ(0, page().ex_opt(0).value());   // "001" leaves the design state
+  // "1000\xFF" matches nothing: both boxes keep their clear design state.
+  EXPECT_EQ(0, page().timeout3->value());
+  EXPECT_EQ(0, page().timeout4->value());
+  EXPECT_EQ(1, Check2(12).value());
+}
+
+TEST_F(Desktop, ACaptionWithHighBytesGoesBackAsItCame) {
+  put(HKCU, kIntl, "s1159", "\xE9t\xE9");
+  put(HKCU, kIntl, "s2359", "\xE9t\xE9");
+  start();
+  EXPECT_EQ("\xE9t\xE9", page().Text6->text());
+  EXPECT_EQ(1, page().Check14->value());
+  page().Check14->userClick();
+  page().Check14->userClick();
+  Check2(7).userClick();
+  apply();
+  EXPECT_EQ("1: E9 74 E9 00", stored(HKCU, kIntl, "s1159"));
+  EXPECT_EQ("1: E9 74 E9 00", stored(HKCU, kIntl, "s2359"));
+}
+
 } // namespace
