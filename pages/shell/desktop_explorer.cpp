@@ -65,10 +65,13 @@ const std::string kRecycleBinFlexible("\x70\x01\0\x20", 4);
 const std::string kRecycleBinPlain("\x40\x01\0\x20", 4);
 
 // ---- Layout -------------------------------------------------------------
-// SSTab1 fills the page frame; the controls of each tab stand below its tab
-// row, in twips from the strip's top-left corner.
-constexpr Bounds kStrip{60, 60, 6315, 5355};
-constexpr int kFirstRow = 480, kRowHeight = 255;
+// SSTab1 fills the page frame below the title band. Each of its tabs holds
+// one borderless panel over the strip's body, so that the controls stand on
+// the button face whatever colour the system gives a tab control's body; the
+// controls' positions are twips from their panel's top-left corner.
+constexpr Bounds kStrip{60, 480, 6315, 4935};
+constexpr Bounds kPanel{45, 375, 6225, 4500};
+constexpr int kFirstRow = 120, kRowHeight = 255;
 constexpr int kColumnLeft[2] = {150, 3225};
 constexpr int kColumnWidth = 3015;
 
@@ -192,10 +195,14 @@ void DesktopExplorer::build() {
   for (int tab = 0; tab < 3; ++tab)
     SSTab1->setTabCaption(tab, kTabCaptions[tab]);
   SSTab1->setTab(kMiscellaneus);
-  const auto onTab = [](Control& control, int tab) -> Control& {
-    control.placeOnTab(tab);
-    return control;
-  };
+  for (int tab = 0; tab < 3; ++tab) {
+    Frame& panel = SSTab1Panel.add(form, tab, SSTab1, kPanel);
+    panel.setBordered(false);
+    panel.placeOnTab(tab);
+  }
+  Control* const misc = &SSTab1Panel(kMiscellaneus);
+  Control* const icons = &SSTab1Panel(kIcons);
+  Control* const tasks = &SSTab1Panel(kTaskManagement);
 
   // Miscellaneus: two columns of boxes, the clock caption's text box and the
   // menu alignment under the right one.
@@ -205,81 +212,67 @@ void DesktopExplorer::build() {
     top[row.column] += kRowHeight;
     CheckBox* box = nullptr;
     switch (row.kind) {
-    case BoxKind::Check2: box = &host_.Check2().add(form, row.index, SSTab1, at); break;
-    case BoxKind::CD2: box = &CD2.add(form, row.index, SSTab1, at); break;
+    case BoxKind::Check2: box = &host_.Check2().add(form, row.index, misc, at); break;
+    case BoxKind::CD2: box = &CD2.add(form, row.index, misc, at); break;
     case BoxKind::Single:
-      box = &form.add<CheckBox>(row.name, -1, SSTab1, at);
+      box = &form.add<CheckBox>(row.name, -1, misc, at);
       this->*row.single = box;
       break;
     }
     box->setCaption(row.designCaption);
-    onTab(*box, kMiscellaneus);
   }
   const int right = kColumnLeft[1];
-  Text6 = &form.add<TextBox>("Text6", -1, SSTab1, {right + 240, top[1] + 15, 2535, 285});
+  Text6 = &form.add<TextBox>("Text6", -1, misc, {right + 240, top[1] + 15, 2535, 285});
   Text6->setEnabled(false);
-  onTab(*Text6, kMiscellaneus);
   const int below = top[1] + 420;
-  auto& alignment = Label14.add(form, 0, SSTab1, {right, below, kColumnWidth, 255});
+  auto& alignment = Label14.add(form, 0, misc, {right, below, kColumnWidth, 255});
   alignment.setCaption("Drop-Down Menus Alignment");
-  onTab(alignment, kMiscellaneus);
-  Combo1 = &form.add<ComboBox>("Combo1", -1, SSTab1, {right + 240, below + 255, 1455, 315});
+  Combo1 = &form.add<ComboBox>("Combo1", -1, misc, {right + 240, below + 255, 1455, 315});
   Combo1->addItem("Left");
   Combo1->addItem("Right");
-  onTab(*Combo1, kMiscellaneus);
 
   // Icons: three number boxes, each driven by its spin control (0 to 99 in
   // steps of 2, starting at 16, never set from the text), then the title
   // wrap and the descriptive icons of the Troubleshooting page.
   int iconTop = kFirstRow + 120;
   for (const IconRow& row : kIconRows) {
-    auto& label = form.add<Label>(row.labelName, -1, SSTab1, {240, iconTop + 30, 2040, 255});
+    auto& label = form.add<Label>(row.labelName, -1, icons, {240, iconTop + 30, 2040, 255});
     label.setCaption(row.caption);
     this->*row.label = &label;
-    auto& box = form.add<TextBox>(row.boxName, -1, SSTab1, {2400, iconTop, 615, 285});
+    auto& box = form.add<TextBox>(row.boxName, -1, icons, {2400, iconTop, 615, 285});
     box.setLocked(true);
     this->*row.box = &box;
-    auto& spin = form.add<SpinControl>(row.spinName, -1, SSTab1, {3015, iconTop, 255, 285});
+    auto& spin = form.add<SpinControl>(row.spinName, -1, icons, {3015, iconTop, 255, 285});
     spin.setRange(0, 99);
     spin.setIncrement(2);
     spin.setValue(16);
     this->*row.spin = &spin;
-    for (Control* control :
-         {static_cast<Control*>(&label), static_cast<Control*>(&box), static_cast<Control*>(&spin)})
-      onTab(*control, kIcons);
     iconTop += 405;
   }
-  wit = &form.add<CheckBox>("wit", -1, SSTab1, {240, iconTop + 120, 3000, kRowHeight});
+  wit = &form.add<CheckBox>("wit", -1, icons, {240, iconTop + 120, 3000, kRowHeight});
   wit->setCaption("Wrap Icon Titles");
-  onTab(*wit, kIcons);
-  Label5 = &form.add<Label>("Label5", -1, SSTab1, {240, iconTop + 600, 3000, 255});
+  Label5 = &form.add<Label>("Label5", -1, icons, {240, iconTop + 600, 3000, 255});
   Label5->setCaption("Use Descriptive Icons");
-  onTab(*Label5, kIcons);
   for (int i = 0; i < 3; ++i) {
     auto& box =
-        icn_desc.add(form, i, SSTab1, {480, iconTop + 855 + kRowHeight * i, 3600, kRowHeight});
+        icn_desc.add(form, i, icons, {480, iconTop + 855 + kRowHeight * i, 3600, kRowHeight});
     box.setCaption(kIconDescriptions[i]);
-    onTab(box, kIcons);
   }
 
   // Task Management: the automatic end of tasks, then the two time-out pairs.
-  auto& endTasks = ex_opt.add(form, 0, SSTab1, {240, kFirstRow + 120, 5835, kRowHeight});
+  auto& endTasks = ex_opt.add(form, 0, tasks, {240, kFirstRow + 120, 5835, kRowHeight});
   endTasks.setCaption("Forced Automatic End of Pending Tasks on Windows Exit");
-  onTab(endTasks, kTaskManagement);
   int pairTop = kFirstRow + 600;
   for (const TimeoutPair& pair : kTimeoutPairs) {
     const int index = static_cast<int>(&pair - kTimeoutPairs);
-    auto& heading = Label4.add(form, index, SSTab1, {240, pairTop, 4000, 255});
+    auto& heading = Label4.add(form, index, tasks, {240, pairTop, 4000, 255});
     heading.setCaption(pair.heading);
-    onTab(heading, kTaskManagement);
     auto& byDefault =
-        form.add<CheckBox>(pair.defaultName, -1, SSTab1, {480, pairTop + 255, 1455, kRowHeight});
+        form.add<CheckBox>(pair.defaultName, -1, tasks, {480, pairTop + 255, 1455, kRowHeight});
     byDefault.setCaption("Default");
     auto& minimum =
-        form.add<CheckBox>(pair.minimumName, -1, SSTab1, {2040, pairTop + 255, 1455, kRowHeight});
+        form.add<CheckBox>(pair.minimumName, -1, tasks, {2040, pairTop + 255, 1455, kRowHeight});
     minimum.setCaption("Minimum");
-    onTab(byDefault, kTaskManagement);
-    onTab(minimum, kTaskManagement);
     this->*pair.byDefault = &byDefault;
     this->*pair.minimum = &minimum;
     pairTop += 720;

@@ -34,6 +34,8 @@ public:
   static std::string gapText(const std::string& size, const std::string& spacing);
 
   runtime::TabStrip* SSTab1 = nullptr;
+  // One panel a tab, holding that tab's controls.
+  runtime::ControlArray<runtime::Frame> SSTab1Panel{"SSTab1Panel"};
 
   // "Miscellaneus"; Check2(0) to Check2(14) are the host's shared array.
   runtime::CheckBox* Check1 = nullptr;
