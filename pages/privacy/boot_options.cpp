@@ -8,6 +8,7 @@
 
 #include <array>
 #include <functional>
+#include <string_view>
 
 namespace pages {
 
@@ -19,6 +20,7 @@ constexpr const char* kWinlogon = "Software\\Microsoft\\Windows\\CurrentVersion\
 constexpr const char* kDontDisplayLastUserName = "DontDisplayLastUserName";
 constexpr const char* kOptions = "Options";
 constexpr const char* kVcache = "vcache";
+constexpr const char* kSystemReg = "SystemReg";
 
 // One row of the page, in the order Apply writes them. The first row is the
 // registry value, whose tick hides the last user's name at logon although
@@ -30,7 +32,7 @@ struct DosRow {
 };
 constexpr std::array<DosRow, 16> kDosRows{{
     {16, "Display Last Username", nullptr},
-    {13, "Load Registry Modules", "SystemReg"},
+    {13, "Load Registry Modules", kSystemReg},
     {0, "Load DoubleSpace Driver", "DblSpace"},
     {5, "Load DriveSpacem Driver", "DrvSpace"},
     {7, "Boot into GUI", "BootGUI"},
@@ -211,14 +213,15 @@ void BootOptions::ref_boot() {
   }
   const std::string msdosSys = boot_drive + "\\msdos.sys";
   // Without the file the working text still holds MaxFileCache.
-  if (found) text = sysaccess::GetFromINI(kOptions, "SystemReg", msdosSys);
+  if (found) text = sysaccess::GetFromINI(kOptions, kSystemReg, msdosSys);
 
   ResumeNext resume;
-  bool first = true;
   for (const DosRow& row : kDosRows) {
-    if (!row.key) continue;
-    if (!first) resume([&] { text = sysaccess::GetFromINI(kOptions, row.key, msdosSys); });
-    first = false;
+    if (!row.key) continue; // the registry row is read last
+    // SystemReg's text is the one read above; every other key is read afresh,
+    // from "none\msdos.sys" too.
+    if (std::string_view(row.key) != kSystemReg)
+      resume([&] { text = sysaccess::GetFromINI(kOptions, row.key, msdosSys); });
     // Two tests: a text that isn't a number fails both, and each failure
     // runs its body, so the box is set to 1 and then to 0.
     CheckBox& box = dos_opt(row.index);

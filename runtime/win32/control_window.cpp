@@ -331,7 +331,11 @@ void ControlWindow::changed(Property property) {
   case Property::Tab: applyValue(); break;
   case Property::Text:
   case Property::Caption: applyText(); break;
-  case Property::Enabled: ::EnableWindow(hwnd_, control_.enabled()); break;
+  case Property::Enabled:
+    ::EnableWindow(hwnd_, control_.enabled());
+    // Our own classes draw a disabled caption grey.
+    if (isOwnClass(control_)) ::InvalidateRect(hwnd_, nullptr, TRUE);
+    break;
   case Property::Geometry: applyGeometry(); break;
   case Property::List: applyList(); break;
   case Property::Tabs: applyTabs(); break;
@@ -480,6 +484,7 @@ void ControlWindow::paint() {
       RECT text{client.left + 8, client.top, client.right - 8, client.top + metrics.tmHeight};
       ::SetBkMode(dc, OPAQUE);
       ::SetBkColor(dc, Presenter::colorOf(control_.backColor()));
+      if (!control_.enabled()) ::SetTextColor(dc, ::GetSysColor(COLOR_GRAYTEXT));
       ::DrawTextA(dc, (" " + frame.caption() + " ").c_str(), -1, &text, DT_LEFT | DT_SINGLELINE);
     }
     break;
