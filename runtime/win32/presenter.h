@@ -4,6 +4,7 @@
 // "TL99.Name" property.
 #pragma once
 
+#include "runtime/application.h"
 #include "runtime/form.h"
 #include "runtime/win32/gdi.h"
 
@@ -17,6 +18,13 @@
 namespace runtime::win32 {
 
 class ControlWindow;
+
+// The window style of every form, and the display's figures read from the
+// system: twips per pixel from its dots per inch, the screen, and what a
+// form's frame adds to its client area.
+inline constexpr DWORD kFormStyle =
+    WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+Application::Display readDisplay();
 
 class Presenter {
 public:
@@ -52,6 +60,7 @@ private:
   void registerClasses();
   void createTree(Control& control, HWND parent);
   bool preTranslate(MSG& message);
+  static int shiftState();
   Form* formOf(HWND window) const;
   static bool inOpenComboList(HWND window);
 
