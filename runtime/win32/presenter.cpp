@@ -131,6 +131,12 @@ void Presenter::registerClasses() {
 }
 
 void Presenter::present(Form& form) {
+  // The tab pictures' image list holds the form's images first, in their
+  // order (Image2(0) is image 0), as an image list bound to a tab strip does.
+  for (const auto& control : form.controls())
+    if (control->kind() == ControlKind::Image)
+      if (const auto& picture = static_cast<Image&>(*control).picture(); !picture.empty())
+        tabImageIndex(picture);
   createTree(form, nullptr);
   // The focus rectangle and the access-key underlines always show, as on
   // Windows 98 (later systems hide them until a key is used).

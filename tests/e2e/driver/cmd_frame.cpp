@@ -95,8 +95,8 @@ Outcome expectPicture(const Args& args) {
   HWND window = lookupVisible(args[0], &failure);
   if (!window) return failure;
   const std::string file = windowsPathOf(args[1]);
-  auto* picture = static_cast<HBITMAP>(::LoadImageA(nullptr, file.c_str(), IMAGE_BITMAP, 0, 0,
-                                                    LR_LOADFROMFILE | LR_CREATEDIBSECTION));
+  auto* picture = static_cast<HBITMAP>(
+      ::LoadImageA(nullptr, file.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE));
   if (!picture) return fail("can't read the picture " + args[1]);
   BITMAP size{};
   ::GetObjectA(picture, sizeof size, &size);
@@ -137,9 +137,10 @@ Outcome expectPicture(const Args& args) {
   for (std::size_t i = 0; i < onScreen.size(); ++i)
     if ((onScreen[i] & 0xFFFFFF) != (inFile[i] & 0xFFFFFF)) ++differing;
   // The focus rectangle or a line of a neighbour may lie over a few pixels.
-  if (differing * 50 <= onScreen.size()) return pass(format("%zu pixels differ", differing));
-  return fail(
-      format("%zu of %zu pixels differ from %s", differing, onScreen.size(), args[1].c_str()));
+  if (differing * 50 <= onScreen.size())
+    return pass(format("%lu pixels differ", static_cast<unsigned long>(differing)));
+  return fail(format("%lu of %lu pixels differ from %s", static_cast<unsigned long>(differing),
+                     static_cast<unsigned long>(onScreen.size()), args[1].c_str()));
 }
 
 Outcome expectSteady(const Args& args) {

@@ -37,6 +37,7 @@ constexpr Command kCommands[] = {
      "exactly N message boxes CAPTION are up"},
     {"expect-tab", 2, 2, Retried, cmd::expectTab, "NAME INDEX", "the selected tab"},
     {"expect-tabimage", 3, 3, Retried, cmd::expectTabImage, "NAME TAB IMAGE", "a tab's picture"},
+    {"expect-tabtext", 3, 3, Retried, cmd::expectTabText, "NAME TAB TEXT", "a tab's caption"},
     {"expect-reg", 4, 5, Retried, cmd::expectReg, "ROOT KEY VALUE TYPE [DATA]",
      "TYPE: binary HEX, sz TEXT, dword N, absent"},
     {"expect-file", 2, 2, Retried, cmd::expectFile, "WINPATH HOSTFILE", "same bytes as HOSTFILE"},

@@ -53,6 +53,7 @@ Outcome key(const Args&);
 Outcome clickTab(const Args&);
 Outcome expectTab(const Args&);
 Outcome expectTabImage(const Args&);
+Outcome expectTabText(const Args&);
 // cmd_msgbox.cpp: message boxes
 Outcome expectMsgbox(const Args&);
 Outcome pressMsgbox(const Args&);
