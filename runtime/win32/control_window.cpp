@@ -10,12 +10,19 @@
 #include <commctrl.h>
 
 #include <string>
+#include <unordered_map>
 
 namespace runtime::win32 {
 
 namespace {
 
-constexpr char kViewProperty[] = "TL99.View";
+// The view of each window of the program, found without asking the system
+// (a window property costs a trip to the window server under Wine, and every
+// message of our windows needs its view).
+std::unordered_map<HWND, ControlWindow*>& views() {
+  static std::unordered_map<HWND, ControlWindow*> all;
+  return all;
+}
 constexpr int kCheckMarkWidth = 16; // pixels of a check-mark list's box column
 constexpr int kComboDropHeight = 160;
 
@@ -123,14 +130,20 @@ ControlWindow::ControlWindow(Presenter& presenter, Control& control, HWND parent
 
 ControlWindow::~ControlWindow() {
   control_.attachView(nullptr);
-  if (hwnd_ && ::IsWindow(hwnd_)) {
-    if (originalProc_) ::SetWindowLongA(hwnd_, GWL_WNDPROC, reinterpret_cast<LONG>(originalProc_));
-    ::RemovePropA(hwnd_, kViewProperty);
-  }
+  if (hwnd_ && ::IsWindow(hwnd_) && originalProc_)
+    ::SetWindowLongA(hwnd_, GWL_WNDPROC, reinterpret_cast<LONG>(originalProc_));
+  if (const auto found = views().find(hwnd_); found != views().end() && found->second == this)
+    views().erase(found);
 }
 
 ControlWindow* ControlWindow::of(HWND window) {
-  return static_cast<ControlWindow*>(::GetPropA(window, kViewProperty));
+  const auto found = views().find(window);
+  return found == views().end() ? nullptr : found->second;
+}
+
+void ControlWindow::bind(HWND window) {
+  if (!hwnd_) hwnd_ = window;
+  views()[window] = this;
 }
 
 void ControlWindow::create(HWND parent) {
@@ -144,7 +157,7 @@ void ControlWindow::create(HWND parent) {
                             presenter_.instance(), own ? this : nullptr);
   if (!hwnd_) return;
   if (!own) {
-    ::SetPropA(hwnd_, kViewProperty, this);
+    bind(hwnd_);
     originalProc_ = reinterpret_cast<WNDPROC>(
         ::SetWindowLongA(hwnd_, GWL_WNDPROC, reinterpret_cast<LONG>(&Presenter::windowProc)));
   }
@@ -284,9 +297,10 @@ void ControlWindow::applyList() {
     ::SendMessageA(hwnd_, combo ? CB_INITSTORAGE : LB_INITSTORAGE, static_cast<WPARAM>(count),
                    static_cast<LPARAM>(bytes));
   }
+  // Straight to the list's own procedure: the items need nothing of ours.
   const UINT add = combo ? CB_ADDSTRING : LB_ADDSTRING;
   for (int i = 0; i < count; ++i)
-    ::SendMessageA(hwnd_, add, 0, reinterpret_cast<LPARAM>(list.list(i).c_str()));
+    callOriginal(add, 0, reinterpret_cast<LPARAM>(list.list(i).c_str()));
   applyValue();
   ::SendMessageA(hwnd_, WM_SETREDRAW, TRUE, 0);
   ::InvalidateRect(hwnd_, nullptr, TRUE);
@@ -638,6 +652,7 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool& 
   switch (message) {
   case WM_NCDESTROY:
     name_.reset(); // the design name's atom goes with the window
+    views().erase(hwnd_);
     break;
   case WM_SETFOCUS:
     if (control_.kind() == ControlKind::Form) {

@@ -308,10 +308,7 @@ LRESULT CALLBACK Presenter::windowProc(HWND window, UINT message, WPARAM wParam,
   try {
     if (message == WM_NCCREATE) {
       const auto* create = reinterpret_cast<CREATESTRUCTA*>(lParam);
-      if (create->lpCreateParams) {
-        ::SetPropA(window, "TL99.View", create->lpCreateParams);
-        static_cast<ControlWindow*>(create->lpCreateParams)->bind(window);
-      }
+      if (create->lpCreateParams) static_cast<ControlWindow*>(create->lpCreateParams)->bind(window);
     }
     ControlWindow* self = ControlWindow::of(window);
     if (!self) return ::DefWindowProcA(window, message, wParam, lParam);
