@@ -4,6 +4,7 @@
 #include "runtime/application.h"
 #include "runtime/basic_error.h"
 #include "runtime/form.h"
+#include "runtime/text_functions.h"
 
 #include <algorithm>
 #include <cctype>
@@ -15,8 +16,6 @@ namespace runtime {
 namespace {
 
 void runUserEvent(const std::function<void()>& event) { Application::instance().runEvent(event); }
-
-std::string cutAtNul(const std::string& text) { return text.substr(0, text.find('\0')); }
 
 } // namespace
 

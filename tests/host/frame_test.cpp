@@ -647,6 +647,52 @@ TEST_F(Frame, FormsHaveTheirDesignClientSizeAtTheDisplaysTwipsPerPixel) {
   EXPECT_EQ(695, fmain().form.region()->source2.top);
 }
 
+// Counts every change a control reports to its window.
+struct ChangeCount : ControlView {
+  void changed(Property) override { ++changes; }
+  int changes = 0;
+};
+
+TEST_F(Frame, ATickThatChangesNoTextRepaintsNothing) {
+  platform::sim::setUserName("Ann");
+  start();
+  platform::sim::setTickCount(3725000);
+  fmain().Timer1->tick();
+  std::vector<std::unique_ptr<ChangeCount>> counts;
+  for (const auto& control : fmain().form.controls()) {
+    counts.push_back(std::make_unique<ChangeCount>());
+    control->attachView(counts.back().get());
+  }
+  fmain().Timer1->tick(); // the same second, the same memory figures
+  int changes = 0;
+  for (const auto& count : counts)
+    changes += count->changes;
+  // The next second rewrites the status line only.
+  platform::sim::setTickCount(3726000);
+  fmain().Timer1->tick();
+  int afterASecond = 0;
+  for (const auto& count : counts)
+    afterASecond += count->changes;
+  for (const auto& control : fmain().form.controls())
+    control->attachView(nullptr);
+  EXPECT_EQ(0, changes);
+  EXPECT_EQ(1, afterASecond);
+  EXPECT_EQ("Ann is logged in for 01.02.06", fmain().tip_text->caption());
+}
+
+TEST_F(Frame, TheHiddenTextBoxIsTheTextNormaliser) {
+  start();
+  // A number becomes its text, a system buffer is cut at its first NUL, and
+  // the box holds what came back.
+  EXPECT_EQ("12", fmain().throughHidden(std::int16_t{12}));
+  EXPECT_EQ("12", fmain().Hidden().text());
+  EXPECT_EQ("C:\\WIN", fmain().throughHidden(std::string("C:\\WIN\0   x", 10)));
+  EXPECT_EQ("C:\\WIN", fmain().Hidden().text());
+  EXPECT_EQ("0.5", fmain().throughHidden(0.5));
+  // Start-up's Windows directory came the same way: no NUL, no blanks.
+  EXPECT_EQ("C:\\WINDOWS", fmain().windir);
+}
+
 // ---- The load sequence -------------------------------------------------------------
 
 // A page reader, by the name the load sequence calls it.
