@@ -77,6 +77,7 @@ void Application::reset() {
   onEnd = nullptr;
   pumpEvents = nullptr;
   beforeFailureBox = nullptr;
+  beforeShow = nullptr;
   setDisplay(Display{});
 }
 

@@ -42,6 +42,10 @@ public:
   // The failure box's text for an error number.
   static std::string failureText(int number);
 
+  // What the presentation does just before a form first shows: it makes the
+  // form's windows then, if it hasn't yet.
+  std::function<void(Form&)> beforeShow;
+
   // Lets waiting events run once (Basic's DoEvents); the presentation
   // supplies the pump.
   void doEvents() {

@@ -91,6 +91,7 @@ void Form::show() {
   load();
   if (Application::instance().ended()) return;
   const bool wasVisible = visible();
+  if (!wasVisible && Application::instance().beforeShow) Application::instance().beforeShow(*this);
   setVisible(true);
   if (wasVisible) return;
   if (!active_ || !active_->takesUserInput()) {

@@ -180,9 +180,33 @@ void ControlWindow::applyAll() {
   applyTabs();
   applyRange();
   applyValue();
+  applyRegion();
   ::EnableWindow(hwnd_, control_.enabled());
   updating_ = false;
   applyVisibility();
+}
+
+void ControlWindow::applyRegion() {
+  if (!hwnd_ || control_.kind() != ControlKind::Form) return;
+  if (const WindowRegion* wanted = static_cast<Form&>(control_).region()) {
+    auto shape = [](const RegionShape& s) {
+      return Region(s.kind == RegionShape::Kind::Rect
+                        ? ::CreateRectRgn(s.left, s.top, s.right, s.bottom)
+                        : ::CreateRoundRectRgn(s.left, s.top, s.right, s.bottom, s.cornerWidth,
+                                               s.cornerHeight));
+    };
+    Region source1 = shape(wanted->source1);
+    Region result;
+    if (wanted->combineMode == 0) {
+      result = std::move(source1);
+    } else {
+      Region source2 = shape(wanted->source2);
+      result.reset(::CreateRectRgn(0, 0, 0, 0));
+      ::CombineRgn(result.get(), source1.get(), source2.get(), wanted->combineMode);
+    }
+    // The window owns the region once SetWindowRgn succeeds.
+    if (::SetWindowRgn(hwnd_, result.get(), TRUE)) result.release();
+  }
 }
 
 POINT ControlWindow::childOrigin() const { return POINT{0, 0}; }
@@ -378,27 +402,7 @@ void ControlWindow::changed(Property property) {
     if (isOwnClass(control_)) ::InvalidateRect(hwnd_, nullptr, TRUE);
     break;
   }
-  case Property::Region:
-    if (const WindowRegion* wanted = static_cast<Form&>(control_).region()) {
-      auto shape = [](const RegionShape& s) {
-        return Region(s.kind == RegionShape::Kind::Rect
-                          ? ::CreateRectRgn(s.left, s.top, s.right, s.bottom)
-                          : ::CreateRoundRectRgn(s.left, s.top, s.right, s.bottom, s.cornerWidth,
-                                                 s.cornerHeight));
-      };
-      Region source1 = shape(wanted->source1);
-      Region result;
-      if (wanted->combineMode == 0) {
-        result = std::move(source1);
-      } else {
-        Region source2 = shape(wanted->source2);
-        result.reset(::CreateRectRgn(0, 0, 0, 0));
-        ::CombineRgn(result.get(), source1.get(), source2.get(), wanted->combineMode);
-      }
-      // The window owns the region once SetWindowRgn succeeds.
-      if (::SetWindowRgn(hwnd_, result.get(), TRUE)) result.release();
-    }
-    break;
+  case Property::Region: applyRegion(); break;
   case Property::ItemCheck:
   case Property::Picture:
   case Property::Colors:

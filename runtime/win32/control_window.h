@@ -52,6 +52,7 @@ private:
   void applyList();
   void applyTabs();
   void applyRange();
+  void applyRegion();
   void applyColors();
   void paint();
   void mouseEvent(UINT message, WPARAM wParam, LPARAM lParam);

@@ -7,6 +7,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 namespace runtime::win32 {
 
 namespace {
@@ -92,6 +94,9 @@ Presenter::Presenter(HINSTANCE instance) : instance_(instance) {
       if (auto* window = static_cast<ControlWindow*>(form->view()); window && window->hwnd())
         ::EnableWindow(window->hwnd(), FALSE);
   };
+  app.beforeShow = [this](Form& form) {
+    if (std::find(waiting_.begin(), waiting_.end(), &form) != waiting_.end()) present(form);
+  };
   registerClasses();
   tabImages_.reset(::ImageList_Create(kTabImageSize, kTabImageSize, ILC_COLOR8 | ILC_MASK, 20, 4));
   Application::instance().onEnd = [] { ::PostQuitMessage(0); };
@@ -130,7 +135,10 @@ void Presenter::registerClasses() {
   }
 }
 
+void Presenter::presentWhenShown(Form& form) { waiting_.push_back(&form); }
+
 void Presenter::present(Form& form) {
+  waiting_.erase(std::remove(waiting_.begin(), waiting_.end(), &form), waiting_.end());
   // The tab pictures' image list holds the form's images first, in their
   // order (Image2(0) is image 0), as an image list bound to a tab strip does.
   for (const auto& control : form.controls())

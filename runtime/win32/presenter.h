@@ -36,6 +36,9 @@ public:
   // Creates the windows of a form and of all its controls, hidden until the
   // form shows.
   void present(Form& form);
+  // The same, when the form first shows: its Load event then runs with no
+  // window to keep in step, and the first form shows sooner.
+  void presentWhenShown(Form& form);
   // Runs the message loop until the program ends; returns the exit code.
   int run();
 
@@ -74,6 +77,7 @@ private:
   std::map<UINT_PTR, Timer*> timers_;
   std::map<Timer*, UINT_PTR> timerIds_;
   UINT_PTR nextTimerId_ = 1;
+  std::vector<Form*> waiting_; // forms presented when they first show
 };
 
 } // namespace runtime::win32
