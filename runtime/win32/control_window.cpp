@@ -26,6 +26,12 @@ std::unordered_map<HWND, ControlWindow*>& views() {
 constexpr int kCheckMarkWidth = 16; // pixels of a check-mark list's box column
 constexpr int kComboDropHeight = 160;
 
+// WM_CHANGEUISTATE and its flags (declared for Windows 2000 on; Windows 98
+// has no such message and passes it by).
+constexpr UINT kChangeUiState = 0x0127;
+constexpr WORD kUisClear = 2;
+constexpr WORD kUisfHideAll = 0x1 | 0x2; // UISF_HIDEFOCUS | UISF_HIDEACCEL
+
 struct WindowKind {
   const char* className;
   DWORD style;
@@ -243,7 +249,12 @@ void ControlWindow::applyVisibility() {
   if (control_.kind() == ControlKind::Form) {
     const auto& form = static_cast<Form&>(control_);
     ::ShowWindow(hwnd_, !visible ? SW_HIDE : form.windowState() == 1 ? SW_MINIMIZE : SW_SHOW);
-    if (visible) ::UpdateWindow(hwnd_);
+    if (visible) {
+      // The focus rectangle and the access-key underlines always show, as on
+      // Windows 98 (later systems hide them until a key is used).
+      ::SendMessageA(hwnd_, kChangeUiState, MAKEWPARAM(kUisClear, kUisfHideAll), 0);
+      ::UpdateWindow(hwnd_);
+    }
     return;
   }
   ::ShowWindow(hwnd_, visible ? SW_SHOWNA : SW_HIDE);
@@ -280,6 +291,16 @@ void ControlWindow::applyValue() {
   case ControlKind::OptionButton:
     ::SendMessageA(hwnd_, BM_SETCHECK,
                    static_cast<OptionButton&>(control_).value() ? BST_CHECKED : BST_UNCHECKED, 0);
+    break;
+  default: break;
+  }
+  switch (control_.kind()) {
+  case ControlKind::CheckBox:
+  case ControlKind::OptionButton:
+    // Wine redraws only the box on a new check state, and draws the focus
+    // rectangle again over the one there, which wipes it out: the whole
+    // button is drawn again so that the focus shows.
+    if (::GetFocus() == hwnd_) ::InvalidateRect(hwnd_, nullptr, TRUE);
     break;
   case ControlKind::ComboBox:
     ::SendMessageA(hwnd_, CB_SETCURSEL,

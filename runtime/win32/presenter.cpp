@@ -17,12 +17,6 @@ constexpr COLORREF kClearColor = RGB(255, 0, 255); // the transparent colour of 
 constexpr int kTabImageSize = 32;
 constexpr int kInternalError = 51;
 
-// WM_CHANGEUISTATE and its flags (declared for Windows 2000 on; Windows 98
-// has no such message and passes it by).
-constexpr UINT kChangeUiState = 0x0127;
-constexpr WORD kUisClear = 2;
-constexpr WORD kUisfHideAll = 0x1 | 0x2; // UISF_HIDEFOCUS | UISF_HIDEACCEL
-
 std::string className(HWND window) {
   char name[32] = {};
   ::GetClassNameA(window, name, sizeof name);
@@ -146,10 +140,6 @@ void Presenter::present(Form& form) {
       if (const auto& picture = static_cast<Image&>(*control).picture(); !picture.empty())
         tabImageIndex(picture);
   createTree(form, nullptr);
-  // The focus rectangle and the access-key underlines always show, as on
-  // Windows 98 (later systems hide them until a key is used).
-  if (auto* window = static_cast<ControlWindow*>(form.view()); window && window->hwnd())
-    ::SendMessageA(window->hwnd(), kChangeUiState, MAKEWPARAM(kUisClear, kUisfHideAll), 0);
 }
 
 void Presenter::createTree(Control& control, HWND parent) {
