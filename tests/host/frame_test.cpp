@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -45,6 +46,8 @@ protected:
 };
 
 TEST_F(Frame, StartUpShowsTheMainFormOnTabZeroWithItsTitle) {
+  // msdos.sys on c:, where the load routine's boot_drive points.
+  std::ofstream(platform::sim::hostPath("C:\\msdos.sys"), std::ios::binary) << "[Options]\r\n";
   start();
   EXPECT_TRUE(fmain().form.visible());
   EXPECT_FALSE(about().form.visible());
