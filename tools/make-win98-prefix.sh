@@ -72,12 +72,6 @@ for reg in "$env_dir"/*.reg; do
   wine regedit /S 'C:\windows\temp\tl99-import.reg' >/dev/null 2>&1
 done
 rm -f "$drive_c/windows/temp/tl99-import.reg"
-# Wine keeps the user's currency region in a subkey of International named by
-# three globe emoji. Windows 98 has no such key, and a program of the ANSI
-# code page can't name it, so deleting International with its subkeys
-# through the ANSI calls (as the Desktop page's Apply does) would stop there.
-globes=$(printf '\360\237\214\216\360\237\214\217\360\237\214\215')
-wine reg delete "HKCU\\Control Panel\\International\\$globes" /f >/dev/null 2>&1 || true
 # Windows 98 keeps MSDOS.SYS read-only, hidden and system. Set through Wine,
 # which keeps hidden and system in an extended attribute of the file and
 # read-only in its Unix permissions; Wine's attrib takes one attribute a call,
@@ -85,6 +79,12 @@ wine reg delete "HKCU\\Control Panel\\International\\$globes" /f >/dev/null 2>&1
 for attribute in +H +S +R; do
   wine attrib "$attribute" 'C:\MSDOS.SYS' >/dev/null 2>&1
 done
+# Wine keeps the user's currency region in a subkey of International named by
+# three globe emoji. Windows 98 has no such key, and a program of the ANSI
+# code page can't name it, so deleting International with its subkeys
+# through the ANSI calls (as the Desktop page's Apply does) would stop there.
+globes=$(printf '\360\237\214\216\360\237\214\217\360\237\214\215')
+wine reg delete "HKCU\\Control Panel\\International\\$globes" /f >/dev/null 2>&1 || true
 # The reported system, set last (the registry file holds Windows 98's own
 # VersionNumber): Wine takes a 9x version from VersionNumber once the NT
 # CurrentVersion value is gone.
