@@ -14,7 +14,6 @@ using sysaccess::kNotFound;
 
 namespace {
 
-
 // Longer key paths that only one row uses.
 constexpr char kSound[] = ".DEFAULT\\Control Panel\\Sound";
 constexpr char kTips[] = ".DEFAULT\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Tips";
