@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
+#include <string_view>
 
 namespace runtime {
 
@@ -20,8 +22,24 @@ void Form::adopt(std::unique_ptr<Control> control, Bounds bounds) {
 
 Control* Form::find(const std::string& designName) const {
   if (designName == this->designName()) return const_cast<Form*>(this);
+  // The name and the index are compared apart, so that no control's design
+  // name has to be built: readers look controls up many times a refresh.
+  std::string_view name = designName;
+  int index = -1;
+  if (!name.empty() && name.back() == ')') {
+    const std::size_t open = name.find('(');
+    if (open == std::string_view::npos) return nullptr;
+    const std::string_view digits = name.substr(open + 1, name.size() - open - 2);
+    name = name.substr(0, open);
+    int number = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (error != std::errc() || end != digits.data() + digits.size() || number < 0 ||
+        std::to_string(number) != digits)
+      return nullptr;
+    index = number;
+  }
   for (const auto& control : controls_)
-    if (control->designName() == designName) return control.get();
+    if (control->index() == index && control->name() == name) return control.get();
   return nullptr;
 }
 
