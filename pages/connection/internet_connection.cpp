@@ -65,8 +65,8 @@ struct ComRow {
   ComboBox* Controls::*list;
   const char* key;
 };
-constexpr std::array<ComRow, 2> kComRows{{{&Controls::com1, "COM1Buffer"},
-                                          {&Controls::com2, "COM2Buffer"}}};
+constexpr std::array<ComRow, 2> kComRows{
+    {{&Controls::com1, "COM1Buffer"}, {&Controls::com2, "COM2Buffer"}}};
 
 // A box's value 1 and 0 as the registry holds them ("1", "0").
 const char* asFlag(int value) { return value == 1 ? "1" : "0"; }
@@ -74,9 +74,8 @@ const char* asFlag(int value) { return value == 1 ? "1" : "0"; }
 } // namespace
 
 InternetConnection::InternetConnection(PageHost& host)
-    : InternetConnectionControls(host),
-      Slider_rwin_(host.mainForm(), "Slider_rwin_", Frame2, {120, 570, 3615, 645},
-                   {.display_status = 2}),
+    : InternetConnectionControls(host), Slider_rwin_(host.mainForm(), "Slider_rwin_", Frame2,
+                                                     {120, 570, 3615, 645}, {.display_status = 2}),
       host_(host) {
   for (const MtuRow& row : kMtuRows) {
     OptionButton* option = this->*row.option;
@@ -259,7 +258,8 @@ void InternetConnection::ApplyM_Click() {
   if (mtucustom->value()) mtuText = other_in->text();
 
   // 4. A custom text that is empty or no number fails here.
-  if (textToNumber(mtuText) > 0) sysaccess::SetRegValue(HKLM, adapterKey(), "MaxMTU", kRegSz, mtuText);
+  if (textToNumber(mtuText) > 0)
+    sysaccess::SetRegValue(HKLM, adapterKey(), "MaxMTU", kRegSz, mtuText);
 
   // 5. The segment size follows from the MTU.
   std::int16_t& mss_value = host_.fields().mss_value;
