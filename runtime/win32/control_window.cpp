@@ -404,8 +404,13 @@ void ControlWindow::mouseEvent(UINT message, WPARAM wParam, LPARAM lParam) {
   case WM_LBUTTONDOWN:
     pressed_ = true;
     ::SetCapture(hwnd_);
-    if (host) userControl.userMouseDown(kLeftButton, shift, x, y);
+    if (host)
+      userControl.userMouseDown(kLeftButton, shift, x, y);
+    else
+      control_.userMouseDown(kLeftButton, shift, x, y);
     break;
+  case WM_RBUTTONDOWN: control_.userMouseDown(kRightButton, shift, x, y); break;
+  case WM_RBUTTONUP: control_.userMouseUp(kRightButton, shift, x, y); break;
   case WM_LBUTTONUP: {
     const bool wasPressed = pressed_;
     pressed_ = false;
@@ -414,6 +419,7 @@ void ControlWindow::mouseEvent(UINT message, WPARAM wParam, LPARAM lParam) {
       userControl.userMouseUp(kLeftButton, shift, x, y);
       break;
     }
+    control_.userMouseUp(kLeftButton, shift, x, y);
     RECT client;
     ::GetClientRect(hwnd_, &client);
     const POINT at{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
@@ -625,6 +631,8 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool& 
     return 1; // painted in WM_PAINT
   case WM_MOUSEMOVE: mouseEvent(message, wParam, lParam); break;
   case WM_LBUTTONUP:
+  case WM_RBUTTONDOWN:
+  case WM_RBUTTONUP:
     // System controls (buttons, lists) press and capture on their own.
     if (own) mouseEvent(message, wParam, lParam);
     break;

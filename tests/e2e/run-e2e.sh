@@ -21,6 +21,9 @@
 #                         the lines that differ between two saved registries are
 #                         exactly those of tests/e2e/cases/expected/EXPECTED
 #                         ("+ " added, "- " removed)
+#   host-run COMMAND      runs COMMAND with bash as the prefix's Wine user, in the
+#                         repository, with WINEPREFIX set: arranges the machine's
+#                         files (a drive e:, a changed system.ini) before a start
 #   program PATH [ARGS]   starts PATH (an exe, relative to the repository) in the
 #                         background, with its own folder as the current folder
 #   drive COMMAND ARGS    one step of tl99drive.exe ("tl99drive.exe -h" lists them)
@@ -239,6 +242,13 @@ run_case() {
         note "ok: $name.e2e:$line_no: system-version ${WORDS[0]}"
       else
         fail_at "$line_no" "could not make the prefix report version ${WORDS[0]}"
+      fi
+      ;;
+    host-run)
+      if as_wine_user bash -c "cd '$root' && ${rest#"${rest%%[![:blank:]]*}"}" </dev/null >>"$log" 2>&1; then
+        note "ok: $name.e2e:$line_no: host-run"
+      else
+        fail_at "$line_no" "host-run failed"
       fi
       ;;
     program)
