@@ -1,6 +1,7 @@
 // The Internet Connection page on the simulated Windows 98: the reader, the
 // MTU options and the receive window arithmetic, Apply in its order with the
 // exact stored types and bytes, and every stated failure.
+#include "controls/veld_slider_logic.h"
 #include "frame/page_set.h"
 #include "frame/program.h"
 #include "pages/connection/rwin.h"
@@ -116,13 +117,21 @@ protected:
   PictureBox& ref_mtu() { return *program_->fmain.pageButtons.ref_mtu; }
   std::int16_t mss_value() { return program_->fmain.mss_value; }
   void toPage() { program_->fmain.MainTab->userSelectTab(6); }
-  // The slider's knob comes to rest at `min` and the slider raises Change,
-  // as after a drag.
+  // The user drags the slider's knob with the left button to where `min`
+  // stands and lets it go there: moves over the knob, ticks of its timer, the
+  // release.
   void slideTo(std::int16_t min) {
-    Application::instance().runEvent([&] {
-      page().Slider_rwin_.setMin(min);
-      page().Slider_rwin_.onChange();
-    });
+    controls::VeldSlider& slider = page().Slider_rwin_;
+    Image& knob = slider.knob(0);
+    const double stripX =
+        min * controls::kTwipsPerStep / controls::kUnitsPerStep + controls::kTrackLeft;
+    const auto inKnob = [&] { return static_cast<float>(stripX - knob.left()); };
+    knob.userMouseDown(kLeftButton, 0, 10, 10);
+    for (int i = 0; i < 4; ++i) {
+      knob.userMouseMove(kLeftButton, 0, inKnob(), 10);
+      slider.Timer1().tick();
+    }
+    knob.userMouseUp(kLeftButton, 0, inKnob(), 10);
   }
   void apply() { ApplyM().userClick(); }
   std::string failureBox() {
@@ -233,6 +242,7 @@ TEST_F(InternetPage, StartUpShowsTheDialUpMachine) {
   EXPECT_EQ("576", page().other_in->text()); // start-up's late step
   EXPECT_EQ(536, mss_value());
   EXPECT_EQ(4096, page().Slider_rwin_.min()); // multiplier 8
+  EXPECT_EQ("RWIN Multiplier = 8", page().Slider_rwin_.Frame1(0).caption());
   EXPECT_EQ("4288", page().Text8->text());
   EXPECT_FALSE(page().Text8->enabled());
   EXPECT_TRUE(page().Option2->value());
@@ -484,6 +494,8 @@ TEST_F(InternetPage, ResultingWindowsForEveryMultiplierAndMtu) {
       (page().*column.option)->userClick();
       slideTo(static_cast<std::int16_t>(multiplier * 512));
       EXPECT_EQ(expected, page().Text8->text()) << column.mtu << " x" << multiplier;
+      EXPECT_EQ("RWIN Multiplier = " + std::to_string(multiplier),
+                page().Slider_rwin_.Frame1(0).caption());
       apply();
       EXPECT_EQ(sz(expected), stored(kMstcp, "DefaultRcvWindow")) << column.mtu;
       EXPECT_EQ(expected, sysaccess::GetRegValue(HKLM, kMstcp, "DefaultRcvWindow"));
@@ -494,6 +506,20 @@ TEST_F(InternetPage, ResultingWindowsForEveryMultiplierAndMtu) {
     }
   }
   EXPECT_FALSE(ended_);
+}
+
+TEST_F(InternetPage, TheKnobStopsAtMultipliersSixAndTwenty) {
+  dialUpMachine();
+  start();
+  toPage();
+  slideTo(-3000);
+  EXPECT_EQ(3072, page().Slider_rwin_.min());
+  EXPECT_EQ("3216", page().Text8->text());
+  EXPECT_EQ("RWIN Multiplier = 6", page().Slider_rwin_.Frame1(0).caption());
+  slideTo(20000);
+  EXPECT_EQ(10240, page().Slider_rwin_.min());
+  EXPECT_EQ("10720", page().Text8->text());
+  EXPECT_EQ("RWIN Multiplier = 20", page().Slider_rwin_.Frame1(0).caption());
 }
 
 TEST_F(InternetPage, ASliderChangeArmsApplyAndSelectsTheResultedWindow) {
@@ -808,6 +834,16 @@ TEST_F(InternetPage, WithoutMaxMtuStartUpGoesOnAndRefreshEndsTheProgram) {
   EXPECT_EQ("Run-time error '13':\n\nType mismatch", failureBox());
 }
 
+TEST_F(InternetPage, WithTheMarkerInPlaceAMissingMaxMtuEndsStartUp) {
+  dialUpMachine();
+  remove(kAdapter0, "MaxMTU");
+  writeFile("C:\\WINDOWS\\scanreg.ini",
+            "[-=Note=-]\r\nAltered by Tweakloom 99=Please do not edit manually\r\n");
+  start(); // no replacement of scanreg.ini, so no "resume next" in the load
+  EXPECT_TRUE(ended_);
+  EXPECT_EQ("Run-time error '13':\n\nType mismatch", failureBox());
+}
+
 TEST_F(InternetPage, WithoutAnyAdapterApplyCreatesTheBareNetTransKey) {
   dialUpMachine();
   sysaccess::DelRegKey(HKLM, kAdapter0);
@@ -994,6 +1030,7 @@ TEST_F(InternetPage, AnAbsentWindowShowsFourAndPutsTheKnobFarLeft) {
   EXPECT_EQ("4", page().Label2->caption());
   EXPECT_EQ(4, page().Slider_rwin_.min());
   EXPECT_EQ(0.0078125, page().Slider_rwin_.min() / 512.0);
+  EXPECT_EQ("RWIN Multiplier = 0.0078125", page().Slider_rwin_.Frame1(0).caption());
   EXPECT_FALSE(ended_);
 }
 

@@ -32,11 +32,7 @@ protected:
     Application::instance().reset();
     Application::instance().onEnd = [this] { ended_ = true; };
     platform::CreateDirectoryA("C:\\WINDOWS\\SYSBCKUP");
-    // A network adapter with its MTU: without one the Internet Connection
-    // page's mtu_opt fails, which ends a start-up that doesn't resume.
-    platform::sim::storeRawValue(platform::kLocalMachine,
-                                 "System\\CurrentControlSet\\Services\\Class\\NetTrans\\0000",
-                                 "MaxMTU", platform::kRegSz, {'5', '7', '6', 0});
+    installNetworkAdapter();
   }
   void start() {
     program_ = std::make_unique<frame::Program>();
