@@ -79,6 +79,12 @@ rm -f "$drive_c/windows/temp/tl99-import.reg"
 for attribute in +H +S +R; do
   wine attrib "$attribute" 'C:\MSDOS.SYS' >/dev/null 2>&1
 done
+# Wine keeps the user's currency region in a subkey of International named by
+# three globe emoji. Windows 98 has no such key, and a program of the ANSI
+# code page can't name it, so deleting International with its subkeys
+# through the ANSI calls (as the Desktop page's Apply does) would stop there.
+globes=$(printf '\360\237\214\216\360\237\214\217\360\237\214\215')
+wine reg delete "HKCU\\Control Panel\\International\\$globes" /f >/dev/null 2>&1 || true
 # The reported system, set last (the registry file holds Windows 98's own
 # VersionNumber): Wine takes a 9x version from VersionNumber once the NT
 # CurrentVersion value is gone.

@@ -125,9 +125,13 @@ kill_tree() { # PID: the process and its descendants
 # A registry export as one line per value, "[key] value-line", and one line
 # per key, so that a sorted comparison keeps each value with its key. Wine
 # writes the file in UTF-16; the lines a value continues on are joined.
+# HKEY_LOCAL_MACHINE\Hardware is left out: the system makes it anew at every
+# start (Wine writes the host's processor there), so it isn't the machine's.
 flatten_registry() {
   iconv -f UTF-16 -t UTF-8 "$1" 2>/dev/null | tr -d '\r' | awk '
-    /^\[/ { key = $0; print key; next }
+    /^\[HKEY_LOCAL_MACHINE\\Hardware[]\\]/ { skip = 1; next }
+    /^\[/ { skip = 0; key = $0; print key; next }
+    skip { next }
     /^$/ || /^Windows Registry Editor/ || /^REGEDIT/ { next }
     { line = $0
       while (line ~ /\\$/ && (getline more) > 0) { sub(/\\$/, "", line); sub(/^ +/, "", more); line = line more }
