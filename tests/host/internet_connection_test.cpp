@@ -455,6 +455,20 @@ TEST_F(InternetPage, EnterInTheCustomBoxMovesOnAndAppliesNothing) {
   EXPECT_TRUE(ApplyM().enabled());
 }
 
+TEST_F(InternetPage, EnterWhileApplyIsDisabledLeavesTheFocusInTheBox) {
+  dialUpMachine();
+  setSz(kAdapter0, "MaxMTU", "1500"); // the custom box is enabled, Apply is not
+  start();
+  toPage();
+  program_->fmain.form.show();
+  page().other_in->setFocus();
+  page().other_in->userSetText("1400");
+  ASSERT_FALSE(ApplyM().enabled());
+  page().other_in->userKeyUp(kVbKeyReturn, 0);
+  EXPECT_FALSE(ended_);
+  EXPECT_TRUE(page().other_in->hasFocus());
+}
+
 // ---- The receive window ----------------------------------------------------------
 
 // The table of resulting windows: multipliers 6 to 20 at each fixed MTU, on
