@@ -24,6 +24,7 @@ class Frame : public SimMachineTest {
 protected:
   void SetUp() override {
     SimMachineTest::SetUp();
+    installNetworkAdapter(); // a Windows 98 with TCP/IP, as the Internet page expects
     Application::instance().reset();
     Application::instance().onEnd = [this] { ended_ = true; };
   }
