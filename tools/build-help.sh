@@ -18,5 +18,16 @@ if grep -qiE '^(warning|error)' "$log"; then
   exit 1
 fi
 project=$(sed -n 's/^Compiled file=//p' "$src/tweakloom99.hhp" | tr -d '\r')
+# The compiled file must hold every topic, style sheet and picture of the
+# sources, byte for byte: read back with chmls, the archive reader of the
+# same package.
+mkdir "$work/readback"
+chmls extractall "$work/$project" "$work/readback" >/dev/null 2>&1
+(cd "$src" && find . -type f \( -name '*.htm' -o -name '*.css' -o -name '*.gif' \)) | while read -r file; do
+  cmp -s "$src/$file" "$work/readback/$file" || {
+    echo "build-help: $file is not in the compiled help as it is in the sources" >&2
+    exit 1
+  }
+done
 mkdir -p "$(dirname "$out")"
 mv "$work/$project" "$out"
