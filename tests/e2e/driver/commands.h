@@ -66,6 +66,11 @@ Outcome expectNoFile(const Args&);
 Outcome expectExit(const Args&);
 Outcome sleep(const Args&);
 Outcome timeout(const Args&);
+// cmd_titled.cpp: other programs' top-level windows, by title; processes
+Outcome expectTitled(const Args&);
+Outcome restoreTitled(const Args&);
+Outcome closeTitled(const Args&);
+Outcome expectRunning(const Args&);
 } // namespace cmd
 
 } // namespace drive
