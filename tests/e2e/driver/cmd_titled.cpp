@@ -2,6 +2,7 @@
 // which carry no TL99.Name: found by their exact title.
 #include "tests/e2e/driver/cmd_support.h"
 #include "tests/e2e/driver/handles.h"
+#include "tests/e2e/driver/input.h"
 
 #include <tlhelp32.h>
 
@@ -48,6 +49,20 @@ Outcome restoreTitled(const Args& args) {
   ::SetForegroundWindow(window);
   if (::IsIconic(window) || !::IsWindowVisible(window)) return fail("the window stays minimised");
   return pass();
+}
+
+Outcome clickTitled(const Args& args) {
+  Outcome failure;
+  long x = 0, y = 0;
+  HWND window = findTitled(args[0], &failure);
+  if (!window || !number(args[1], &x, &failure) || !number(args[2], &y, &failure)) return failure;
+  RECT frame{};
+  ::GetWindowRect(window, &frame);
+  const POINT at{frame.left + x, frame.top + y};
+  HWND under = ::WindowFromPoint(at);
+  if (!under || (under != window && !::IsChild(window, under)))
+    return fail(format("%ld,%ld is not on the window", x, y));
+  return clickAt(under, at);
 }
 
 Outcome closeTitled(const Args& args) {

@@ -66,9 +66,12 @@ Outcome expectNoFile(const Args&);
 Outcome expectExit(const Args&);
 Outcome sleep(const Args&);
 Outcome timeout(const Args&);
+// cmd_list.cpp: list box items by text
+Outcome expectListed(const Args&);
 // cmd_titled.cpp: other programs' top-level windows, by title; processes
 Outcome expectTitled(const Args&);
 Outcome restoreTitled(const Args&);
+Outcome clickTitled(const Args&);
 Outcome closeTitled(const Args&);
 Outcome expectRunning(const Args&);
 } // namespace cmd
