@@ -50,9 +50,10 @@ wine reg add 'HKCU\Software\Wine\X11 Driver' /v Decorated /t REG_SZ /d N /f >/de
 
 # The machine's files and registry.
 drive_c=$prefix/drive_c
-# What an installed Tweakloom 99 left (the registry comes back above): the
-# program's folder, its shortcut, and the uninstaller's temporary folders.
-rm -rf "$drive_c/Program Files/Tweakloom 99" "$drive_c"/users/*/Temp/~nsu*.tmp \
+# What an installed or unpacked Tweakloom 99 left (the registry comes back
+# above): the program's folders, its shortcut, the uninstaller's temporary
+# folders.
+rm -rf "$drive_c/Program Files/Tweakloom 99" "$drive_c/TL99ZIP" "$drive_c"/users/*/Temp/~nsu*.tmp \
   "$drive_c"/users/*/AppData/Roaming/Microsoft/Windows/"Start Menu"/Programs/"Tweakloom 99.lnk"
 cp -r "$env_dir/drive_c/." "$drive_c/"
 # The fonts a Windows 98 has in its Fonts folder for dialogs and window

@@ -26,11 +26,16 @@
 #                         with its own folder as the current folder
 #   run PATH [ARGS]       runs PATH (as for program) to its end in the foreground;
 #                         fails on a non-zero exit code; logs the time it took
+#   unzip ZIP WINDIR      unpacks ZIP (relative to the repository; a pattern that
+#                         matches one file) into the folder WINDIR (C:\...) of the prefix
 #   list-files NAME       saves the listing of drive C (every folder, every file
 #                         with its size) as build/e2e-artifacts/CASE/NAME.txt
 #   expect-same-files A B [IGNORE]
 #                         the two saved listings are the same (else files-changes.txt),
 #                         apart from lines matching the extended regular expression IGNORE
+#   expect-files-diff A B EXPECTED
+#                         the lines that differ between two saved listings, sizes left
+#                         out, are exactly those of tests/e2e/cases/expected/EXPECTED
 #   restart-windows       ends every program and restarts Windows (wineboot -r),
 #                         which carries out the renames and deletions that
 #                         programs left for the next start (wininit.ini)
@@ -306,6 +311,19 @@ run_case() {
         fi
       fi
       ;;
+    unzip)
+      local zips target
+      zips=($root/${WORDS[0]:-})
+      target=$(host_path "${WORDS[1]:-}")
+      if [ "${#zips[@]}" -ne 1 ] || [ ! -f "${zips[0]}" ]; then
+        fail_at "$line_no" "not one zip: ${WORDS[0]:-}"
+      elif mkdir -p "$target" && unzip -q -o "${zips[0]}" -d "$target"; then
+        [ "$(id -u)" -eq 0 ] && chown -R "$TL99_WINE_USER" "$target"
+        note "ok: $name.e2e:$line_no: unzip $(basename "${zips[0]}") into ${WORDS[1]}"
+      else
+        fail_at "$line_no" "could not unpack ${zips[0]}"
+      fi
+      ;;
     list-files)
       list_files >"$dir/${WORDS[0]}.txt"
       note "ok: $name.e2e:$line_no: list-files ${WORDS[0]} ($(wc -l <"$dir/${WORDS[0]}.txt") entries)"
@@ -317,6 +335,17 @@ run_case() {
         note "ok: $name.e2e:$line_no: drive C is as it was (${WORDS[0]} = ${WORDS[1]})"
       else
         fail_at "$line_no" "drive C changed; see files-changes.txt"
+      fi
+      ;;
+    expect-files-diff)
+      local changes
+      changes=$(diff <(sed -E 's/^f [0-9]+ /f /' "$dir/${WORDS[0]}.txt") \
+        <(sed -E 's/^f [0-9]+ /f /' "$dir/${WORDS[1]}.txt") | sed -n 's/^< /- /p; s/^> /+ /p' | LC_ALL=C sort)
+      if [ "$changes" = "$(LC_ALL=C sort "$root/tests/e2e/cases/expected/${WORDS[2]}")" ]; then
+        note "ok: $name.e2e:$line_no: drive C changed only as ${WORDS[2]} says"
+      else
+        printf '%s\n' "$changes" >"$dir/files-changes.txt"
+        fail_at "$line_no" "drive C changed otherwise; see files-changes.txt"
       fi
       ;;
     restart-windows)
