@@ -66,7 +66,7 @@ Outcome expectNoFile(const Args&);
 Outcome expectExit(const Args&);
 Outcome sleep(const Args&);
 Outcome timeout(const Args&);
-// cmd_list.cpp: list box items by text
+// cmd_listed.cpp: a list box item by its text
 Outcome expectListed(const Args&);
 // cmd_titled.cpp: other programs' top-level windows, by title; processes
 Outcome expectTitled(const Args&);
