@@ -6,8 +6,8 @@
 #   help/images/pageN.gif, main.gif, ...  the main window on each page, the About
 #                                          window and the exit dialog, cut out of the
 #                                          screenshots of tests/e2e/cases/frame.e2e
-#   docs/main-window.png                  the main window on its Access Restriction
-#                                          page, for the README
+#   docs/main-window.png                  the main window on its first page, for
+#                                          the README
 # Run tests/e2e/run-e2e.sh tests/e2e/cases/frame.e2e first. GIF, because the
 # help viewer of Windows 98 (Internet Explorer 4) shows GIF and JPEG reliably.
 set -euo pipefail
@@ -33,7 +33,7 @@ if [ -d "$shots" ]; then
   cp "$out/page0.gif" "$out/main.gif"
   cut "$shots/about.png" "$out/aboutwin.gif"
   cut "$shots/exit-dialog.png" "$out/exitdlg.gif"
-  convert "$shots/tab1.png" -trim +repage docs/main-window.png
+  convert "$shots/tab0.png" -trim +repage docs/main-window.png
 else
   echo "help-pictures: no screenshots in $shots; run tests/e2e/run-e2e.sh tests/e2e/cases/frame.e2e" >&2
   exit 1
