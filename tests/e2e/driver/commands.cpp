@@ -51,6 +51,13 @@ constexpr Command kCommands[] = {
     {"press-msgbox", 1, 2, Retried, cmd::pressMsgbox, "BUTTON [CAPTION]",
      "click IDOK, IDCANCEL, IDYES, ... of a message box"},
     {"expect-exit", 2, 2, Once, cmd::expectExit, "PROGRAM.EXE MS", "the program ends within MS"},
+    {"expect-listed", 2, 2, Retried, cmd::expectListed, "NAME TEXT", "a list box item is TEXT"},
+    {"expect-titled", 1, 1, Retried, cmd::expectTitled, "TITLE", "a top-level window has TITLE"},
+    {"restore-titled", 1, 1, Retried, cmd::restoreTitled, "TITLE", "restore and raise it"},
+    {"clickat-titled", 3, 3, Retried, cmd::clickTitled, "TITLE X Y",
+     "left click at X,Y pixels from the window's top left corner"},
+    {"close-titled", 1, 1, Retried, cmd::closeTitled, "TITLE", "send it WM_CLOSE"},
+    {"expect-running", 1, 1, Retried, cmd::expectRunning, "PROGRAM.EXE", "a process runs it"},
     {"sleep", 1, 1, Once, cmd::sleep, "MS", "wait MS milliseconds"},
     {"timeout", 1, 1, Once, cmd::timeout, "MS", "how long later steps keep trying"},
 };

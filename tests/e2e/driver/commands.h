@@ -78,6 +78,14 @@ Outcome expectMsgboxes(const Args&);
 Outcome expectExit(const Args&);
 Outcome sleep(const Args&);
 Outcome timeout(const Args&);
+// cmd_listed.cpp: a list box item by its text
+Outcome expectListed(const Args&);
+// cmd_titled.cpp: other programs' top-level windows, by title; processes
+Outcome expectTitled(const Args&);
+Outcome restoreTitled(const Args&);
+Outcome clickTitled(const Args&);
+Outcome closeTitled(const Args&);
+Outcome expectRunning(const Args&);
 } // namespace cmd
 
 } // namespace drive
