@@ -18,9 +18,11 @@ std::int16_t FMain::reflab() {
   lblWininfO->setCaption("");
   platform::VersionInfo version;
   platform::GetVersionExA(&version);
-  std::string caption;
-  if (version.platformId == 1) caption = "OS Version: ";
-  if (version.platformId == 2) caption = "Windows NT - ";
+  // The prefix by platform: 1 is Windows 9x, 2 Windows NT, anything else none.
+  const char* const prefix = version.platformId == 1   ? "OS Version: "
+                             : version.platformId == 2 ? "Windows NT - "
+                                                       : "";
+  std::string caption(prefix);
   const auto build = version.build & 0xFFFF;
   caption += std::to_string(version.major) + "." + std::to_string(version.minor) + "." +
              std::to_string(build);

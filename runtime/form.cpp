@@ -269,12 +269,12 @@ bool Form::moveInOptionGroup(OptionButton& from, bool backwards) {
 }
 
 bool Form::turnTabStrip(bool backwards) {
+  // The outermost tab strip that holds the focus: a tab strip inside a page
+  // turns with the arrow keys, the dialog's own with Ctrl+Tab.
   TabStrip* strip = nullptr;
   for (Control* c = active_; c && c != this; c = c->container())
-    if (c->kind() == ControlKind::TabStrip) {
+    if (c->kind() == ControlKind::TabStrip && c->takesUserInput())
       strip = static_cast<TabStrip*>(c);
-      break;
-    }
   if (!strip)
     for (Control* control : tabSequence_)
       if (control->kind() == ControlKind::TabStrip && control->takesUserInput()) {

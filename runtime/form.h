@@ -127,8 +127,8 @@ public:
   void userKeyDown(int keyCode, int shift);
   // The keys of a dialog, with the focus on a control of this form: Tab and
   // Shift+Tab move through the tab stops; Ctrl+Tab and Ctrl+Shift+Tab turn
-  // the tab strip (the one holding the focus, else the form's first shown
-  // one) to its next or previous tab; Space presses the focused button or
+  // the tab strip (the outermost one holding the focus, else the form's
+  // first shown one) to its next or previous tab; Space presses the focused button or
   // turns its check box over; the arrow keys move through the option buttons
   // of the focused one's group and select the one they reach. True when the
   // key was used.

@@ -36,9 +36,18 @@ idle_share() {
   local exe=$1 pid ticks0 ticks1 hz owner
   owner=$([ "$(id -u)" -eq 0 ] && echo "$TL99_WINE_USER" || id -un)
   share=
-  # The program's own process: the newest one whose command names the exe
-  # (the "wine" launcher before it has ended by then).
-  pid=$(pgrep -n -u "$owner" -f "$exe")
+  # The program's own process: of those whose command names the exe (the
+  # shell that started it, the "wine" launcher), the one that has used the
+  # most processor time.
+  local candidate most=-1 used
+  pid=
+  for candidate in $(pgrep -u "$owner" -f "$exe"); do
+    used=$(awk '{print $14 + $15}' "/proc/$candidate/stat" 2>/dev/null) || continue
+    if [ "$used" -gt "$most" ]; then
+      most=$used
+      pid=$candidate
+    fi
+  done
   [ -n "$pid" ] || return
   hz=$(getconf CLK_TCK)
   ticks0=$(awk '{print $14 + $15}' "/proc/$pid/stat" 2>/dev/null) || return

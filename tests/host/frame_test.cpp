@@ -541,6 +541,15 @@ TEST_F(Frame, CtrlTabTurnsTheTabsAsAClickDoes) {
   EXPECT_TRUE(form.activeControl()->shown());
 }
 
+TEST_F(Frame, CtrlTabFromInsideTheDesktopPagesOwnTabsTurnsTheMainTabs) {
+  start();
+  auto& desktop = fmain().pages->desktop;
+  desktop.Check1->setFocus(); // on SSTab1, inside tab 0 of MainTab
+  EXPECT_TRUE(fmain().form.userNavigationKey(kVbKeyTab, kCtrlMask));
+  EXPECT_EQ(1, fmain().MainTab->tab());
+  EXPECT_EQ(0, desktop.SSTab1->tab());
+}
+
 // ---- A run-time error that nothing catches ----------------------------------------
 
 TEST_F(Frame, AFatalErrorStopsEveryHandlerWhileItsBoxIsUpAndEndsTheProgram) {

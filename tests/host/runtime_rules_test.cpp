@@ -4,6 +4,7 @@
 #include "runtime/basic_math.h"
 #include "runtime/control_array.h"
 #include "runtime/form.h"
+#include "runtime/value.h"
 #include "tests/host/sim_fixture.h"
 
 #include <fstream>
@@ -343,22 +344,34 @@ TEST_F(RuntimeRules, MouseMoveReportsButtonShiftAndPosition) {
   EXPECT_EQ(120, seenX);
 }
 
-TEST(ErrorNumbers, EveryNumberTheRuntimeRaisesHasItsText) {
-  const std::pair<int, const char*> rows[] = {{5, "Invalid procedure call or argument"},
-                                              {6, "Overflow"},
-                                              {9, "Subscript out of range"},
-                                              {11, "Division by zero"},
-                                              {13, "Type mismatch"},
-                                              {53, "File not found"},
-                                              {70, "Permission denied"},
-                                              {75, "Path/File access error"},
-                                              {76, "Path not found"},
-                                              {380, "Invalid property value"},
-                                              {383, "'Text' property is read-only"}};
-  for (const auto& [number, text] : rows) {
-    EXPECT_EQ(text, errorText(number));
-    EXPECT_EQ("Run-time error '" + std::to_string(number) + "':\n\n" + text,
-              Application::failureText(number));
+// An error raised by a real operation in a user's event reaches the failure
+// box with its number and its text, and the program ends.
+TEST_F(RuntimeRules, AnErrorNothingCatchesShowsItsNumberAndTextInTheFailureBox) {
+  auto& check = form_->add<CheckBox>("Check1", -1, nullptr, {});
+  auto& list = form_->add<FileListBox>("File1", -1, nullptr, {});
+  auto& combo = form_->add<ComboBox>("Combo1", -1, nullptr, {});
+  const struct {
+    std::function<void()> statement;
+    const char* text;
+  } rows[] = {
+      {[] { toInteger(std::string("abc")); }, "Run-time error '13':\n\nType mismatch"},
+      {[] { toInteger(40000); }, "Run-time error '6':\n\nOverflow"},
+      {[] { integerDivide(1, 0); }, "Run-time error '11':\n\nDivision by zero"},
+      {[&] { list.setPath("C:\\NOWHERE"); }, "Run-time error '76':\n\nPath not found"},
+      {[&] { check.setValue(3); }, "Run-time error '380':\n\nInvalid property value"},
+      {[&] { combo.setText("Fast"); }, "Run-time error '383':\n\n'Text' property is read-only"},
+      {[&] { combo.list(4); }, "Run-time error '381':\n\nInvalid property array index"},
+  };
+  for (const auto& row : rows) {
+    Application::instance().reset();
+    bool ended = false;
+    Application::instance().onEnd = [&] { ended = true; };
+    const std::size_t shown = platform::sim::shownMessageBoxes().size();
+    Application::instance().runEvent(row.statement);
+    ASSERT_EQ(shown + 1, platform::sim::shownMessageBoxes().size()) << row.text;
+    EXPECT_EQ(row.text, platform::sim::shownMessageBoxes().back().text);
+    EXPECT_EQ("Tweakloom 99", platform::sim::shownMessageBoxes().back().caption);
+    EXPECT_TRUE(ended) << row.text;
   }
 }
 
