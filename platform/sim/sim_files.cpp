@@ -114,6 +114,7 @@ bool DeleteFileA(const char* path) {
     return failWith(resolved.parentExists ? kErrorFileNotFound : kErrorPathNotFound);
   if (hostIsDirectory(resolved.host) || hostIsReadOnly(resolved.host))
     return failWith(kErrorAccessDenied);
+  if (machine().filesInUse.count(resolved.host)) return failWith(kErrorSharingViolation);
   ::unlink(resolved.host.c_str());
   machine().extraAttributes.erase(resolved.host);
   return true;
