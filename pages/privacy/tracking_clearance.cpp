@@ -19,8 +19,7 @@ using sysaccess::kNotFound;
 
 namespace {
 
-constexpr const char* kPolicies =
-    "Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
+constexpr const char* kPolicies = tweak::kPOL;
 // With its trailing backslash, as both the reader and the writer name it.
 constexpr const char* kDesktop = "Control Panel\\Desktop\\";
 constexpr const char* kExplorer =
@@ -121,8 +120,9 @@ constexpr Restriction kRestrictions[7] = {
     {"NoSetFolders", 4}, {"NoSetTaskbar", 5},     {"NoFind", 5},
 };
 // The words the reader gives ref_tweak, in its order.
-constexpr const char* kRestrictionWords[7] = {"Run", "Documents", "User LogOff", "Favorites",
-                                              "SF",  "ST",        "NF"};
+constexpr const char* kRestrictionWords[7] = {
+    tweak::kRun, tweak::kDocuments, tweak::kUserLogOff, tweak::kFavorites,
+    tweak::kSF,  tweak::kST,        tweak::kNF};
 // Captions of the design; st_m(0) to (3) get theirs from the load routine.
 constexpr const char* kRestrictionCaptions[7] = {
     "", "", "", "", "Settings/Folders", "Settings/Taskbar", "Find"};
