@@ -160,6 +160,9 @@ Status GetLastError() { return machine().lastError; }
 
 std::vector<FoundFile> FindFiles(const char* pattern) {
   std::vector<FoundFile> found;
+  // The search takes its pattern into a buffer of MAX_PATH characters.
+  constexpr std::size_t kMaxPath = 260;
+  if (pattern && std::strlen(pattern) >= kMaxPath) return fail(kErrorFilenameExcedRange), found;
   const std::string full = fullWindowsPath(pattern ? pattern : "");
   const std::size_t cut = full.find_last_of("\\/");
   const std::string folder = full.substr(0, cut + 1);

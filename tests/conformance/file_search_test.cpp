@@ -239,14 +239,21 @@ TEST_F(FileSearch, PathsOfMoreThanTwoHundredCharactersWorkUpToTheLimit) {
   EXPECT_FALSE(exists(in(longName)));
 }
 
-TEST_F(FileSearch, APathOfTwoHundredAndSixtyCharactersIsMadeAndSearchedToo) {
-  // Wine's ANSI calls take names past 259 characters.
+TEST_F(FileSearch, AFolderOfTwoHundredAndSixtyCharactersIsMadeButNotSearched) {
+  // The ANSI calls that make, read and remove take names past 259
+  // characters; a search pattern of 260 characters or more is refused.
   const std::string longer = in(std::string(243, 'n'));
   ASSERT_EQ(260u, longer.size());
   EXPECT_TRUE(platform::CreateDirectoryA(longer.c_str()));
   EXPECT_EQ(platform::kAttributeDirectory, GetAttr(longer) & platform::kAttributeDirectory);
-  EXPECT_EQ(".", DirSearch(longer + "\\", vbDirectory).name());
+  EXPECT_TRUE(platform::FindFiles((longer + "\\*.*").c_str()).empty());
+  EXPECT_EQ(platform::kErrorFilenameExcedRange, platform::GetLastError());
+  EXPECT_EQ("", DirSearch(longer + "\\", vbDirectory).name());
+  const std::string justShort = in(std::string(238, 'n'));
+  ASSERT_TRUE(platform::CreateDirectoryA(justShort.c_str()));
+  EXPECT_EQ(".", DirSearch(justShort + "\\", vbDirectory).name()); // 259 characters
   EXPECT_EQ(0, errorOf([&] { RmDir(longer); }));
+  EXPECT_EQ(0, errorOf([&] { RmDir(justShort); }));
 }
 
 } // namespace

@@ -171,6 +171,18 @@ TEST_F(TempClearing, NamesWithHighBytesAndLongNamesAreCleared) {
   EXPECT_TRUE(tree(kTemp).empty());
 }
 
+TEST_F(TempClearing, ASubfolderWhoseSearchPatternIsTooLongStaysWithItsFiles) {
+  // C:\WINDOWS\TEMP\ and 241 characters make 257; with "\*.*" the
+  // pattern of its files is 261 characters, which no search takes.
+  const std::string deep = kTemp + std::string(241, 'd');
+  folder(deep);
+  file(deep + "\a.tmp");
+  file(kTemp + "b.tmp");
+  pages::EmptyTempFolder(kWindir);
+  EXPECT_EQ((std::set<std::string>{std::string(241, 'd'), std::string(241, 'd') + "\\a.tmp"}),
+            tree(kTemp));
+}
+
 TEST_F(TempClearing, AFailingStatementAfterTheFirstDeletionIsSkipped) {
   // The read-only file in the subfolder makes its Kill fail and the folder's
   // removal fail; the second pass still runs.
