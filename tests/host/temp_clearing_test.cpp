@@ -176,7 +176,7 @@ TEST_F(TempClearing, ASubfolderWhoseSearchPatternIsTooLongStaysWithItsFiles) {
   // pattern of its files is 261 characters, which no search takes.
   const std::string deep = kTemp + std::string(241, 'd');
   folder(deep);
-  file(deep + "\a.tmp");
+  file(deep + "\\a.tmp");
   file(kTemp + "b.tmp");
   pages::EmptyTempFolder(kWindir);
   EXPECT_EQ((std::set<std::string>{std::string(241, 'd'), std::string(241, 'd') + "\\a.tmp"}),
