@@ -59,17 +59,18 @@ struct Row {
   const char* caption;
   int top;
 };
-// The boxes from top to bottom; the legal notice boxes stand below the last.
+// The boxes from top to bottom, below the page title band; the legal notice
+// boxes stand below the last.
 constexpr Row kLayout[] = {
-    {0, "Disable Password Caching for Windows Clients", 600},
-    {3, "Require Alphanumeric Passwords ", 900},
-    {2, "Set Minimum Acceptable Password Length", 1200},
-    {9, "Domain Password Caching", 1500},
-    {8, "Hide Share Passwords with Asterisks", 1800},
-    {5, "Disable Dial-In Access", 2100},
+    {0, "Disable Password Caching for Windows Clients", 780},
+    {3, "Require Alphanumeric Passwords ", 1050},
+    {2, "Set Minimum Acceptable Password Length", 1320},
+    {9, "Domain Password Caching", 1590},
+    {8, "Hide Share Passwords with Asterisks", 1860},
+    {5, "Disable Dial-In Access", 2130},
     {6, "Display Domain Logon Confirmation", 2400},
-    {7, "Require Validation by Network for Windows Access", 2700},
-    {1, "Display Legal Notice Dialog Box Before Logon", 3000},
+    {7, "Require Validation by Network for Windows Access", 2670},
+    {1, "Display Legal Notice Dialog Box Before Logon", 2940},
 };
 constexpr int kBoxLeft = 240, kBoxWidth = 5880, kBoxHeight = 255;
 
@@ -78,21 +79,21 @@ constexpr int kBoxLeft = 240, kBoxWidth = 5880, kBoxHeight = 255;
 SecurityNetworking::SecurityNetworking(PageHost& host) : host_(host) {
   Form& form = host.mainForm();
   Frame* page = &host.pageFrame(9);
-  auto& heading = form.add<Label>("Label15", -1, page, {240, 240, 4200, 255});
+  auto& heading = form.add<Label>("Label15", -1, page, {240, 480, 4200, 255});
   heading.setCaption("Security / Networking");
   heading.setFont({"MS Sans Serif", 8, true});
   for (const Row& row : kLayout)
     Check26.add(form, row.index, page, {kBoxLeft, row.top, kBoxWidth, kBoxHeight})
         .setCaption(row.caption);
   // Text11 stands to the right of its caption's box.
-  Check26(2).move(kBoxLeft, 1200, 3900, kBoxHeight);
-  Text11 = &form.add<TextBox>("Text11", -1, page, {4200, 1170, 495, 315});
+  Check26(2).move(kBoxLeft, 1320, 3900, kBoxHeight);
+  Text11 = &form.add<TextBox>("Text11", -1, page, {4200, 1290, 495, 315});
   Text11->setText("8");
   Text11->setEnabled(false);
-  Text18 = &form.add<TextBox>("Text18", -1, page, {480, 3330, 5640, 315});
+  Text18 = &form.add<TextBox>("Text18", -1, page, {480, 3270, 5640, 315});
   Text18->setText("Sample Legal Notice Dialog Box Title");
   Text18->setEnabled(false);
-  Text17 = &form.add<TextBox>("Text17", -1, page, {480, 3720, 5640, 1560});
+  Text17 = &form.add<TextBox>("Text17", -1, page, {480, 3630, 5640, 1620});
   Text17->setMultiLine(true);
   Text17->setText("Sample Legal Notice Dialog Box Text\r\n");
   Text17->setEnabled(false);

@@ -127,13 +127,13 @@ constexpr const char* kRestrictionWords[7] = {
 constexpr const char* kRestrictionCaptions[7] = {
     "", "", "", "", "Settings/Folders", "Settings/Taskbar", "Find"};
 
-// The layout. The left column stands in Frame4(0); the right column stands on
-// the tab itself, above the frame, at these places relative to the frame.
-constexpr int kLeft = 120, kLeftWidth = 3900, kRow = 255;
+// The layout, below the page title band. The left column stands in Frame4(0); the right column
+// stands on the tab itself, above the frame, at these places relative to the frame.
+constexpr int kLeft = 120, kLeftWidth = 3900, kRow = 240, kHeadingTop = 480;
 constexpr int kRight = 4140, kRightWidth = 2220;
-constexpr int kListTop = 420, kFoldersTop = 600, kRestrictionsTop = 3330;
+constexpr int kListTop = 780, kFoldersTop = 1020, kRestrictionsTop = 3540;
 // The slider's extent (6906 x 1138 himetric) in twips.
-constexpr runtime::Bounds kSliderBounds{kLeft, 3930, 3915, 645};
+constexpr runtime::Bounds kSliderBounds{kLeft, 4020, 3915, 645};
 
 const std::string kHistoryOn("\x01\0\0\0", 4);
 
@@ -146,15 +146,15 @@ TrackingClearance::TrackingClearance(PageHost& host)
   Frame& page = host.pageFrame(0);
   const Font heading{"MS Sans Serif", 8, true};
 
-  auto& label1 = form.add<Label>("Label1", -1, &page, {kLeft, 120, kLeftWidth, kRow});
+  auto& label1 = form.add<Label>("Label1", -1, &page, {kLeft, kHeadingTop, kLeftWidth, kRow});
   label1.setCaption("Clear Recent Lists (MRU's)");
   label1.setFont(heading);
   for (int i = 0; i < 11; ++i)
     List.add(form, i, &page, {kLeft, kListTop + i * kRow, kLeftWidth, kRow})
         .setCaption(kLists[i].caption);
-  noHistory = &form.add<CheckBox>("noHistory", -1, &page, {kLeft, 3330, kLeftWidth, kRow});
+  noHistory = &form.add<CheckBox>("noHistory", -1, &page, {kLeft, 3480, kLeftWidth, kRow});
   noHistory->setCaption("Dissable DOCUMENT History Feature");
-  SMDS = &form.add<CheckBox>("SMDS", -1, &page, {kLeft, 3630, kLeftWidth, kRow});
+  SMDS = &form.add<CheckBox>("SMDS", -1, &page, {kLeft, 3750, kLeftWidth, kRow});
   SMDS->setCaption("Set/Change Start Menu Display Speed");
   Text2 = &form.add<TextBox>(
       "Text2", -1, &page,
@@ -171,7 +171,7 @@ TrackingClearance::TrackingClearance(PageHost& host)
   const auto beside = [&](int top, int height) {
     return runtime::Bounds{page.left() + kRight, page.top() + top, kRightWidth, height};
   };
-  auto& label17 = form.add<Label>("Label17", -1, tabStrip, beside(120, 2 * kRow));
+  auto& label17 = form.add<Label>("Label17", -1, tabStrip, beside(kHeadingTop, 2 * kRow));
   label17.setCaption("Add / Remove Items from Start Menu");
   label17.setFont(heading);
   onTab(label17);

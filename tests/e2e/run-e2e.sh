@@ -21,6 +21,11 @@
 #                         the lines that differ between two saved registries are
 #                         exactly those of tests/e2e/cases/expected/EXPECTED
 #                         ("+ " added, "- " removed)
+#   list-files NAME       saves a listing of every folder and file of drive C:, one line
+#                         each ("d PATH", "f PATH SIZE"), as build/e2e-artifacts/CASE/NAME.txt
+#   expect-files-diff BEFORE AFTER EXPECTED
+#                         the lines that differ between two listings are exactly those
+#                         of tests/e2e/cases/expected/EXPECTED ("+ " added, "- " removed)
 #   program PATH [ARGS]   starts PATH (an exe, relative to the repository) in the
 #                         background, with its own folder as the current folder
 #   drive COMMAND ARGS    one step of tl99drive.exe ("tl99drive.exe -h" lists them)
@@ -229,6 +234,24 @@ run_case() {
       else
         printf '%s\n' "$changes" >"$dir/registry-changes.txt"
         fail_at "$line_no" "the registry changed otherwise; see registry-changes.txt"
+      fi
+      ;;
+    list-files)
+      flush
+      (cd "$WINEPREFIX/drive_c" && find . -mindepth 1 \( -type d -printf 'd %P\n' \) -o \
+        \( -type f -printf 'f %P %s\n' \)) | LC_ALL=C sort >"$dir/${WORDS[0]}.txt"
+      note "ok: $name.e2e:$line_no: list-files ${WORDS[0]} ($(wc -l <"$dir/${WORDS[0]}.txt") entries)"
+      ;;
+    expect-files-diff)
+      flush
+      local file_changes
+      file_changes=$(diff "$dir/${WORDS[0]}.txt" "$dir/${WORDS[1]}.txt" |
+        sed -n 's/^< /- /p; s/^> /+ /p' | LC_ALL=C sort)
+      if [ "$file_changes" = "$(LC_ALL=C sort "$root/tests/e2e/cases/expected/${WORDS[2]}")" ]; then
+        note "ok: $name.e2e:$line_no: drive C: changed only as ${WORDS[2]} says"
+      else
+        printf '%s\n' "$file_changes" >"$dir/file-changes-$line_no.txt"
+        fail_at "$line_no" "drive C: changed otherwise; see file-changes-$line_no.txt"
       fi
       ;;
     system-version)

@@ -62,6 +62,13 @@ Outcome expectReg(const Args&);
 Outcome expectFile(const Args&);
 Outcome expectFileContains(const Args&);
 Outcome expectNoFile(const Args&);
+// cmd_fixture.cpp: files and folders set up as a user or program leaves them
+Outcome makeFile(const Args&);
+Outcome makeFolder(const Args&);
+Outcome setAttributes(const Args&);
+Outcome holdOpen(const Args&);
+Outcome removeTreeCommand(const Args&);
+Outcome expectFolder(const Args&);
 // cmd_process.cpp: processes and time
 Outcome expectExit(const Args&);
 Outcome sleep(const Args&);
