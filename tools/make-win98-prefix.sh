@@ -50,6 +50,12 @@ wine reg add 'HKCU\Software\Wine\X11 Driver' /v Decorated /t REG_SZ /d N /f >/de
 
 # The machine's files and registry.
 drive_c=$prefix/drive_c
+# The folders the pages empty or fill (temp, recent, the Start Menu) go back
+# to exactly their shipped contents, even when a test left a file in a
+# folder's place.
+for folder in temp recent "start menu"; do
+  rm -rf "$drive_c/windows/$folder"
+done
 cp -r "$env_dir/drive_c/." "$drive_c/"
 # The fonts a Windows 98 has in its Fonts folder for dialogs and window
 # captions: MS Sans Serif and Marlett, from Wine's font package.
