@@ -265,6 +265,22 @@ TEST_F(TrackingPage, SmdsTickedWithTheSliderAtZeroWritesZero) {
   EXPECT_EQ(0, page().SMDS->value()); // the read after Clear unticks it
 }
 
+TEST_F(TrackingPage, SmdsUnlocksTheSliderWhoseEnabledStillAnswersItsStoredState) {
+  start();
+  auto& slider = page().menu_delay_slider;
+  EXPECT_FALSE(slider.Frame1(0).enabled()); // disabled by the load routine
+  EXPECT_TRUE(slider.Enabled());            // the stored answer: no stored False
+  onPage();
+  page().SMDS->userClick();
+  EXPECT_TRUE(slider.Frame1(0).enabled());
+  page().SMDS->userClick();
+  EXPECT_FALSE(slider.Frame1(0).enabled());
+  EXPECT_TRUE(slider.Enabled());
+  // Moving the knob arms nothing.
+  slider.setMin(2048);
+  EXPECT_FALSE(button("Clear").enabled());
+}
+
 TEST_F(TrackingPage, AMissingDelayReadsAsZero) {
   start();
   EXPECT_EQ(0, page().menu_delay_slider.min());
