@@ -117,12 +117,13 @@ private:
 };
 
 // A picture box or an image: shows a picture and reports clicks and moves.
+// A picture box takes the focus where it is a tab stop (a picture button);
+// Enter and Space then click it.
 class PictureBox : public Control {
 public:
   using Control::Control;
   const Picture& picture() const { return picture_; }
   void setPicture(const Picture& picture);
-  bool canTakeFocus() const override { return false; }
 
 private:
   Picture picture_;
@@ -131,6 +132,7 @@ private:
 class Image : public PictureBox {
 public:
   using PictureBox::PictureBox;
+  bool canTakeFocus() const override { return false; }
 };
 
 // A straight line between two corners of its bounds: horizontal when it has
@@ -226,7 +228,10 @@ public:
   using Control::Control;
   int interval() const { return interval_; } // milliseconds, 0 stops it
   void setInterval(int milliseconds);
-  bool running() const { return enabled() && interval_ > 0; }
+  // Enabled, with an interval, on a form whose Load event has run.
+  bool running() const;
+  // The form's running state changed.
+  void formStateChanged() { notify(Property::Timer); }
   std::function<void()> onTimer;
   // One tick, as the presentation's clock delivers it.
   void tick();

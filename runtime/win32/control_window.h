@@ -40,9 +40,7 @@ public:
   static ControlWindow* of(HWND window);
   // Takes the handle from the window's first message, before CreateWindowEx
   // has returned it.
-  void bind(HWND window) {
-    if (!hwnd_) hwnd_ = window;
-  }
+  void bind(HWND window);
 
 private:
   void create(HWND parent);
@@ -54,6 +52,7 @@ private:
   void applyList();
   void applyTabs();
   void applyRange();
+  void applyRegion();
   void applyColors();
   void paint();
   void mouseEvent(UINT message, WPARAM wParam, LPARAM lParam);

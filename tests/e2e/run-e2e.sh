@@ -14,6 +14,8 @@
 #   fresh-prefix          puts the prefix back in its made state (ends any program first)
 #   system-version X.Y.Z  makes the prefix report that system version (ends any program
 #                         first; 4.90.3000 is Windows ME); Windows 98 again after the case
+#   display-dpi N         makes the display N dots per inch (120: large fonts); ends any
+#                         program first; the prefix is made again after the case
 #   end-program           ends the program (and every Wine process of the prefix)
 #   export-registry NAME  saves the whole registry, one line per value with its key,
 #                         as build/e2e-artifacts/CASE/NAME.txt
@@ -118,6 +120,17 @@ end_program() { # PID
   [ -n "$pid" ] && kill -0 "$pid" 2>/dev/null && kill_tree "$pid"
   [ -n "$pid" ] && wait "$pid" 2>/dev/null
   return 0
+}
+
+# The display's dots per inch, where Wine reads them: the user's desktop
+# settings and the machine's current hardware profile.
+set_display_dpi() { # DPI
+  local key
+  for key in 'HKCU\Control Panel\Desktop' \
+    'HKLM\System\CurrentControlSet\Hardware Profiles\Current\Software\Fonts'; do
+    as_wine_user wine reg add "$key" /v LogPixels /t REG_DWORD /d "$1" /f </dev/null || return 1
+  done
+  end_wine
 }
 
 kill_tree() { # PID: the process and its descendants
@@ -269,6 +282,16 @@ run_case() {
         note "ok: $name.e2e:$line_no: system-version ${WORDS[0]}"
       else
         fail_at "$line_no" "could not make the prefix report version ${WORDS[0]}"
+      fi
+      ;;
+    display-dpi)
+      end_program "$program_pid"
+      program_pid=
+      other_build=1
+      if set_display_dpi "${WORDS[0]}" >>"$log" 2>&1; then
+        note "ok: $name.e2e:$line_no: display-dpi ${WORDS[0]}"
+      else
+        fail_at "$line_no" "could not set the display to ${WORDS[0]} dots per inch"
       fi
       ;;
     host-run)

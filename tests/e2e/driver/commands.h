@@ -55,6 +55,7 @@ Outcome drag(const Args&);
 Outcome clickTab(const Args&);
 Outcome expectTab(const Args&);
 Outcome expectTabImage(const Args&);
+Outcome expectTabText(const Args&);
 // cmd_msgbox.cpp: message boxes
 Outcome expectMsgbox(const Args&);
 Outcome pressMsgbox(const Args&);
@@ -64,6 +65,15 @@ Outcome expectReg(const Args&);
 Outcome expectFile(const Args&);
 Outcome expectFileContains(const Args&);
 Outcome expectNoFile(const Args&);
+// cmd_frame.cpp: the pointer, the focus, client sizes, pictures on the
+// screen, steady texts, counted message boxes
+Outcome move(const Args&);
+Outcome moveInside(const Args&);
+Outcome expectFocus(const Args&);
+Outcome expectClientSize(const Args&);
+Outcome expectPicture(const Args&);
+Outcome expectSteady(const Args&);
+Outcome expectMsgboxes(const Args&);
 // cmd_fixture.cpp: files and folders set up as a user or program leaves them
 Outcome makeFile(const Args&);
 Outcome makeFolder(const Args&);
