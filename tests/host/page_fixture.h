@@ -5,6 +5,7 @@
 #include "frame/page_set.h"
 #include "frame/program.h"
 #include "runtime/application.h"
+#include "tests/host/page_buttons.h"
 #include "tests/host/sim_fixture.h"
 
 #include <fstream>
@@ -25,7 +26,7 @@ protected:
     program_->start();
   }
   frame::PageSet& pages() { return *program_->fmain.pages; }
-  runtime::PictureBox& button(const std::string& name) { return program_->fmain.button(name); }
+  runtime::PictureBox& button(const std::string& name) { return pageButton(program_->fmain, name); }
   void selectTab(int tab) { program_->fmain.MainTab->userSelectTab(tab); }
 
   // The stored type and bytes of a value, "<missing>" when it can't be read.
