@@ -75,6 +75,13 @@ int TextBox::userFilterKey(int keyAscii) {
   return Application::instance().ended() ? 0 : key;
 }
 
+void TextBox::userKeyUp(int keyCode, int shift) {
+  if (!takesUserInput()) return;
+  runUserEvent([&] {
+    if (onKeyUp) onKeyUp(keyCode, shift);
+  });
+}
+
 void TextBox::userSetText(const std::string& text) {
   if (!takesUserInput() || locked_) return;
   runUserEvent([&] { setText(text); });

@@ -57,6 +57,9 @@ public:
   std::function<void()> onChange;
   // KeyPress gets each typed character's code and may change it; 0 drops it.
   std::function<void(int&)> onKeyPress;
+  // KeyUp gets the released key's code and the shift state (1 Shift, 2 Ctrl,
+  // 4 Alt).
+  std::function<void(int, int)> onKeyUp;
 
   // The user types characters at the end of the text (8 is Backspace), each
   // going through KeyPress first.
@@ -66,6 +69,8 @@ public:
   // A key the user types, through the form's KeyPress (with KeyPreview) and
   // this box's KeyPress: the key to insert, or 0 to drop it.
   int userFilterKey(int keyAscii);
+  // The user releases a key while the box has the focus.
+  void userKeyUp(int keyCode, int shift);
 
 private:
   std::string text_;

@@ -783,6 +783,14 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool& 
       return 0;
     }
     break;
+  case WM_KEYUP:
+    if (control_.kind() == ControlKind::TextBox) {
+      const int shift = ((::GetKeyState(VK_SHIFT) < 0) ? 1 : 0) |
+                        ((::GetKeyState(VK_CONTROL) < 0) ? 2 : 0) |
+                        ((::GetKeyState(VK_MENU) < 0) ? 4 : 0);
+      static_cast<TextBox&>(control_).userKeyUp(static_cast<int>(wParam), shift);
+    }
+    break;
   case LB_GETSEL:
     // A check-mark list answers with the item's check mark.
     if (control_.kind() == ControlKind::ListBox &&

@@ -38,6 +38,7 @@ protected:
     // A scanreg.ini with the marker, so that start-up leaves it alone.
     writeFile("C:\\WINDOWS\\scanreg.ini",
               "[-=Note=-]\r\nAltered by Tweakloom 99=Please do not edit manually\r\n");
+    installNetworkAdapter();
   }
   void start() {
     program_ = std::make_unique<frame::Program>();

@@ -33,6 +33,7 @@ protected:
     Application::instance().reset();
     Application::instance().onEnd = [this] { ended_ = true; };
     platform::CreateDirectoryA("C:\\WINDOWS\\SYSBCKUP");
+    installNetworkAdapter();
   }
   void start() {
     program_ = std::make_unique<frame::Program>();
