@@ -41,10 +41,12 @@ inline constexpr Status kErrorSuccess = 0;
 inline constexpr Status kErrorFileNotFound = 2;
 inline constexpr Status kErrorPathNotFound = 3;
 inline constexpr Status kErrorAccessDenied = 5;
+inline constexpr Status kErrorSharingViolation = 32;
 inline constexpr Status kErrorInvalidHandle = 6;
 inline constexpr Status kErrorInvalidParameter = 87;
 inline constexpr Status kErrorInvalidName = 123;
 inline constexpr Status kErrorBadPathname = 161;
+inline constexpr Status kErrorFilenameExcedRange = 206;
 inline constexpr Status kErrorAlreadyExists = 183;
 inline constexpr Status kErrorMoreData = 234;
 inline constexpr Status kErrorNoMoreItems = 259;
@@ -135,7 +137,8 @@ struct FoundFile {
 };
 // The entries matching `pattern` (a path whose last part may hold * and ?),
 // in the order the file system gives them, "." and ".." included when the
-// pattern matches them. Empty with GetLastError() set when nothing matches.
+// pattern matches them. Empty with GetLastError() set when nothing matches,
+// and with ERROR_FILENAME_EXCED_RANGE for a pattern of 260 characters or more.
 std::vector<FoundFile> FindFiles(const char* pattern);
 
 // ---- Shell and user interaction -------------------------------------------

@@ -38,16 +38,21 @@ void Kill(const std::string& path) {
     if (!platform::DeleteFileA(path.c_str())) raiseLastSystemError();
     return;
   }
-  // A pattern deletes every file it matches (folders are left alone) and
-  // fails with "File not found" when it matches none.
+  // A pattern deletes every plain file it matches and fails with "File not
+  // found" when it matches none; a file that stays doesn't stop the others.
+  constexpr platform::Dword kPassedOver =
+      platform::kAttributeDirectory | platform::kAttributeHidden | platform::kAttributeSystem;
   const std::string folder = path.substr(0, path.find_last_of("\\/") + 1);
   bool any = false;
+  int firstFailure = 0;
   for (const auto& entry : platform::FindFiles(path.c_str())) {
-    if (entry.attributes & platform::kAttributeDirectory) continue;
+    if (entry.attributes & kPassedOver) continue;
     any = true;
-    if (!platform::DeleteFileA((folder + entry.name).c_str())) raiseLastSystemError();
+    if (!platform::DeleteFileA((folder + entry.name).c_str()) && firstFailure == 0)
+      firstFailure = errorForSystemCode(platform::GetLastError());
   }
   if (!any) raiseError(kFileNotFound);
+  if (firstFailure != 0) raiseError(firstFailure);
 }
 
 void FileCopy(const std::string& from, const std::string& to) {
@@ -60,6 +65,24 @@ void MkDir(const std::string& path) {
 
 void RmDir(const std::string& path) {
   if (!platform::RemoveDirectoryA(path.c_str())) raiseLastSystemError();
+}
+
+DirSearch::DirSearch(const std::string& pathname, std::uint32_t attributes) {
+  std::string pattern = pathname;
+  if (!pattern.empty() && (pattern.back() == '\\' || pattern.back() == '/')) pattern += "*.*";
+  // Read-only and archive entries always come; the others only when asked.
+  const platform::Dword allowed =
+      attributes | platform::kAttributeReadOnly | platform::kAttributeArchive;
+  constexpr platform::Dword kFiltered =
+      platform::kAttributeDirectory | platform::kAttributeHidden | platform::kAttributeSystem;
+  for (const auto& entry : platform::FindFiles(pattern.c_str()))
+    if ((entry.attributes & kFiltered & ~allowed) == 0) names_.push_back(entry.name);
+  next();
+}
+
+const std::string& DirSearch::next() {
+  name_ = at_ < names_.size() ? names_[at_++] : std::string();
+  return name_;
 }
 
 } // namespace runtime

@@ -50,6 +50,9 @@ public:
   void setLocked(bool locked) { locked_ = locked; }
   int maxLength() const { return maxLength_; } // 0: no limit
   void setMaxLength(int length) { maxLength_ = length; }
+  // A design property: several lines, with a vertical scroll bar.
+  bool multiLine() const { return multiLine_; }
+  void setMultiLine(bool multiLine) { multiLine_ = multiLine; }
 
   std::function<void()> onChange;
   // KeyPress gets each typed character's code and may change it; 0 drops it.
@@ -73,6 +76,7 @@ private:
   std::string text_;
   bool locked_ = false;
   int maxLength_ = 0;
+  bool multiLine_ = false;
 };
 
 class CheckBox : public Captioned {

@@ -61,6 +61,12 @@ chmod u+w "$drive_c/MSDOS.SYS" 2>/dev/null || true
 # folders.
 rm -rf "$drive_c/Program Files/Tweakloom 99" "$drive_c/TL99ZIP" "$drive_c"/users/*/Temp/~nsu*.tmp \
   "$drive_c"/users/*/AppData/Roaming/Microsoft/Windows/"Start Menu"/Programs/"Tweakloom 99.lnk"
+# The folders the pages empty or fill (temp, recent, the Start Menu) go back
+# to exactly their shipped contents, even when a test left a file in a
+# folder's place.
+for folder in temp recent "start menu"; do
+  rm -rf "$drive_c/windows/$folder"
+done
 cp -r "$env_dir/drive_c/." "$drive_c/"
 # The fonts a Windows 98 has in its Fonts folder for dialogs and window
 # captions: MS Sans Serif and Marlett, from Wine's font package.

@@ -134,6 +134,7 @@ as_wine_user wine build/win32/tests/bench/tl99_wine_bench.exe </dev/null >"$logs
 cat "$logs/wine-bench.log"
 as_wine_user wine build/win32/tests/bench/tl99_desktop_bench.exe </dev/null >"$logs/desktop-bench.log" 2>&1
 cat "$logs/desktop-bench.log"
+as_wine_user wine build/win32/tests/bench/tl99_temp_bench.exe </dev/null 2>&1 | tr -d '\r'
 tools/bench-wine.sh </dev/null >"$logs/process-bench.log" 2>&1
 cat "$logs/process-bench.log"
 echo "exe size: $(stat -c %s "$exe") bytes (target for the finished product: under 400 KB)"

@@ -33,6 +33,10 @@ void setVersion(const VersionInfo& info);
 void setUserName(std::optional<std::string> name); // nullopt: GetUserNameA fails
 void setTickCount(Dword ticks);
 void setMemoryStatus(const MemoryStatus& status);
+// Marks a file as held open by another program that shares it for reading
+// and writing only: deleting it fails with ERROR_SHARING_VIOLATION until it
+// is released.
+void setFileInUse(const std::string& windowsPath, bool inUse);
 
 // Message boxes: each box shown takes the next queued answer (IDOK = 1 when
 // none is queued) and is recorded.

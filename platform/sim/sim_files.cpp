@@ -114,6 +114,7 @@ bool DeleteFileA(const char* path) {
     return failWith(resolved.parentExists ? kErrorFileNotFound : kErrorPathNotFound);
   if (hostIsDirectory(resolved.host) || hostIsReadOnly(resolved.host))
     return failWith(kErrorAccessDenied);
+  if (machine().filesInUse.count(resolved.host)) return failWith(kErrorSharingViolation);
   ::unlink(resolved.host.c_str());
   machine().extraAttributes.erase(resolved.host);
   return true;
@@ -159,6 +160,9 @@ Status GetLastError() { return machine().lastError; }
 
 std::vector<FoundFile> FindFiles(const char* pattern) {
   std::vector<FoundFile> found;
+  // The search takes its pattern into a buffer of MAX_PATH characters.
+  constexpr std::size_t kMaxPath = 260;
+  if (pattern && std::strlen(pattern) >= kMaxPath) return fail(kErrorFilenameExcedRange), found;
   const std::string full = fullWindowsPath(pattern ? pattern : "");
   const std::size_t cut = full.find_last_of("\\/");
   const std::string folder = full.substr(0, cut + 1);

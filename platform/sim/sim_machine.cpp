@@ -97,6 +97,13 @@ void setVersion(const VersionInfo& info) { machine().version = info; }
 void setUserName(std::optional<std::string> name) { machine().userName = std::move(name); }
 void setTickCount(Dword ticks) { machine().tickCount = ticks; }
 void setMemoryStatus(const MemoryStatus& status) { machine().memory = status; }
+void setFileInUse(const std::string& windowsPath, bool inUse) {
+  const std::string host = hostPath(windowsPath);
+  if (inUse)
+    machine().filesInUse.insert(host);
+  else
+    machine().filesInUse.erase(host);
+}
 
 void queueMessageBoxAnswer(int answer) { machine().messageBoxAnswers.push_back(answer); }
 const std::vector<ShownMessageBox>& shownMessageBoxes() { return machine().shownBoxes; }

@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -54,6 +55,7 @@ struct Machine {
   std::vector<std::string> callLog;
 
   std::map<std::string, Dword> extraAttributes; // hidden/system bits by host path
+  std::set<std::string> filesInUse;             // host paths held open elsewhere
   Status lastError = 0;
 };
 

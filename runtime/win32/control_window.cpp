@@ -45,7 +45,13 @@ WindowKind windowKindOf(const Control& control) {
   case ControlKind::Label:
     return {"TL99Label", child,
             static_cast<const Label&>(control).transparent() ? DWORD{WS_EX_TRANSPARENT} : 0};
-  case ControlKind::TextBox: return {"EDIT", child | WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE};
+  case ControlKind::TextBox:
+    return {"EDIT",
+            child | WS_TABSTOP |
+                (static_cast<const TextBox&>(control).multiLine()
+                     ? DWORD{ES_MULTILINE | ES_WANTRETURN | ES_AUTOVSCROLL | WS_VSCROLL}
+                     : DWORD{ES_AUTOHSCROLL}),
+            WS_EX_CLIENTEDGE};
   case ControlKind::CheckBox: return {"BUTTON", child | WS_TABSTOP | BS_CHECKBOX, 0};
   case ControlKind::OptionButton: return {"BUTTON", child | WS_TABSTOP | BS_RADIOBUTTON, 0};
   case ControlKind::CommandButton:

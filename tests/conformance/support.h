@@ -23,6 +23,10 @@ std::string hostPath(const std::string& windowsPath);
 void writeFile(const std::string& windowsPath, const std::string& content);
 std::string readFile(const std::string& windowsPath);
 
+// Holds a file open as another program would, sharing it for reading and
+// writing but not for deletion, until prepareMachine() runs again.
+void holdOpen(const std::string& windowsPath);
+
 // Arms an answer for the next message box: the box is found as a user sees
 // it and the button with this id (IDOK = 1, IDCANCEL = 2, ...) is pressed.
 void answerNextMessageBox(int button);

@@ -46,6 +46,8 @@ std::string readFile(const std::string& windowsPath) {
   return content;
 }
 
+void holdOpen(const std::string& windowsPath) { platform::sim::setFileInUse(windowsPath, true); }
+
 void answerNextMessageBox(int button) { platform::sim::queueMessageBoxAnswer(button); }
 
 SeenMessageBox lastMessageBox() {

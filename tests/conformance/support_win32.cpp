@@ -9,11 +9,13 @@
 
 #include <cstdio>
 #include <string>
+#include <vector>
 
 namespace conformance {
 namespace {
 
 int pendingButton = 0;
+std::vector<HANDLE> heldFiles;
 SeenMessageBox seen;
 
 std::string windowText(HWND window) {
@@ -74,6 +76,9 @@ void removeTree(const std::string& folder) {
 } // namespace
 
 void prepareMachine() {
+  for (HANDLE file : heldFiles)
+    ::CloseHandle(file);
+  heldFiles.clear();
   removeTree(kScratch);
   platform::CreateDirectoryA(kScratch);
   platform::RegDeleteKeyA(platform::kCurrentUser, kScratchKey);
@@ -99,6 +104,13 @@ std::string readFile(const std::string& windowsPath) {
     content.append(block, n);
   std::fclose(file);
   return content;
+}
+
+void holdOpen(const std::string& windowsPath) {
+  HANDLE file =
+      ::CreateFileA(windowsPath.c_str(), GENERIC_READ | GENERIC_WRITE,
+                    FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file != INVALID_HANDLE_VALUE) heldFiles.push_back(file);
 }
 
 void answerNextMessageBox(int button) {

@@ -23,6 +23,11 @@
 #                         the lines that differ between two saved registries are
 #                         exactly those of tests/e2e/cases/expected/EXPECTED
 #                         ("+ " added, "- " removed)
+#   list-files NAME       saves a listing of every folder and file of drive C:, one line
+#                         each ("d PATH", "f PATH SIZE"), as build/e2e-artifacts/CASE/NAME.txt
+#   expect-files-diff BEFORE AFTER EXPECTED
+#                         the lines that differ between two listings are exactly those
+#                         of tests/e2e/cases/expected/EXPECTED ("+ " added, "- " removed)
 #   host-run COMMAND      runs COMMAND with bash as the prefix's Wine user, in the
 #                         repository, with WINEPREFIX set: arranges the machine's
 #                         files (a drive e:, a changed system.ini) before a start
@@ -33,13 +38,13 @@
 #                         fails on a non-zero exit code; logs the time it took
 #   unzip ZIP WINDIR      unpacks ZIP (relative to the repository; a pattern that
 #                         matches one file) into the folder WINDIR (C:\...) of the prefix
-#   list-files NAME       saves the listing of drive C (every folder, every file
-#                         with its size) as build/e2e-artifacts/CASE/NAME.txt
-#   expect-same-files A B [IGNORE]
+#   list-drive NAME       saves the listing of drive C (every folder, every file
+#                         with its size first) as build/e2e-artifacts/CASE/NAME.txt
+#   expect-same-drive A B [IGNORE]
 #                         the two saved listings are the same (else files-changes.txt),
 #                         apart from lines matching the extended regular expression IGNORE
-#   expect-files-diff A B EXPECTED
-#                         the lines that differ between two saved listings, sizes left
+#   expect-drive-diff A B EXPECTED
+#                         the lines that differ between two list-drive listings, sizes left
 #                         out, are exactly those of tests/e2e/cases/expected/EXPECTED
 #   restart-windows       ends every program and restarts Windows (wineboot -r),
 #                         which carries out the renames and deletions that
@@ -187,7 +192,7 @@ host_path() {
 }
 
 # Every folder and file of drive C, one a line, files with their size.
-list_files() {
+list_drive() {
   (cd "$WINEPREFIX/drive_c" && find . -mindepth 1 \( -type d -printf 'd %p\n' \) -o \( -printf 'f %s %p\n' \)) |
     LC_ALL=C sort -k3
 }
@@ -292,6 +297,24 @@ run_case() {
         fail_at "$line_no" "the registry changed otherwise; see registry-changes.txt"
       fi
       ;;
+    list-files)
+      flush
+      (cd "$WINEPREFIX/drive_c" && find . -mindepth 1 \( -type d -printf 'd %P\n' \) -o \
+        \( -type f -printf 'f %P %s\n' \)) | LC_ALL=C sort >"$dir/${WORDS[0]}.txt"
+      note "ok: $name.e2e:$line_no: list-files ${WORDS[0]} ($(wc -l <"$dir/${WORDS[0]}.txt") entries)"
+      ;;
+    expect-files-diff)
+      flush
+      local file_changes
+      file_changes=$(diff "$dir/${WORDS[0]}.txt" "$dir/${WORDS[1]}.txt" |
+        sed -n 's/^< /- /p; s/^> /+ /p' | LC_ALL=C sort)
+      if [ "$file_changes" = "$(LC_ALL=C sort "$root/tests/e2e/cases/expected/${WORDS[2]}")" ]; then
+        note "ok: $name.e2e:$line_no: drive C: changed only as ${WORDS[2]} says"
+      else
+        printf '%s\n' "$file_changes" >"$dir/file-changes-$line_no.txt"
+        fail_at "$line_no" "drive C: changed otherwise; see file-changes-$line_no.txt"
+      fi
+      ;;
     system-version)
       end_program "$program_pid"
       program_pid=
@@ -361,11 +384,11 @@ run_case() {
         fail_at "$line_no" "could not unpack ${zips[0]}"
       fi
       ;;
-    list-files)
-      list_files >"$dir/${WORDS[0]}.txt"
-      note "ok: $name.e2e:$line_no: list-files ${WORDS[0]} ($(wc -l <"$dir/${WORDS[0]}.txt") entries)"
+    list-drive)
+      list_drive >"$dir/${WORDS[0]}.txt"
+      note "ok: $name.e2e:$line_no: list-drive ${WORDS[0]} ($(wc -l <"$dir/${WORDS[0]}.txt") entries)"
       ;;
-    expect-same-files)
+    expect-same-drive)
       local ignore=${WORDS[2]:-^\$^}
       if diff <(grep -vE "$ignore" "$dir/${WORDS[0]}.txt") <(grep -vE "$ignore" "$dir/${WORDS[1]}.txt") \
         >"$dir/files-changes.txt"; then
@@ -374,7 +397,7 @@ run_case() {
         fail_at "$line_no" "drive C changed; see files-changes.txt"
       fi
       ;;
-    expect-files-diff)
+    expect-drive-diff)
       local changes
       changes=$(diff <(sed -E 's/^f [0-9]+ /f /' "$dir/${WORDS[0]}.txt") \
         <(sed -E 's/^f [0-9]+ /f /' "$dir/${WORDS[1]}.txt") | sed -n 's/^< /- /p; s/^> /+ /p' | LC_ALL=C sort)

@@ -74,6 +74,13 @@ Outcome expectClientSize(const Args&);
 Outcome expectPicture(const Args&);
 Outcome expectSteady(const Args&);
 Outcome expectMsgboxes(const Args&);
+// cmd_fixture.cpp: files and folders set up as a user or program leaves them
+Outcome makeFile(const Args&);
+Outcome makeFolder(const Args&);
+Outcome setAttributes(const Args&);
+Outcome holdOpen(const Args&);
+Outcome removeTreeCommand(const Args&);
+Outcome expectFolder(const Args&);
 // cmd_process.cpp: processes and time
 Outcome expectExit(const Args&);
 Outcome sleep(const Args&);
