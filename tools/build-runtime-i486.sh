@@ -38,6 +38,8 @@ crt_parts=(crt2.o libmingw32.a libmingwex.a libmsvcrt.a libmoldname.a libkernel3
   libuser32.a libgdi32.a libadvapi32.a libshell32.a libcomctl32.a libcomdlg32.a
   libole32.a liboleaut32.a libuuid.a libwinspool.a)
 gcc_parts=(crtbegin.o crtend.o libgcc.a libgcc_eh.a libstdc++.a libsupc++.a)
+# Debian's patches of gcc-12-source applied (see below)
+gcc_patches=(cuda-float128)
 
 force=no
 [ "${1:-}" = --force ] && force=yes
@@ -84,6 +86,7 @@ stamp_text=$(
   echo "flags -march=$arch $deb_flags"
   echo "crt-cppflags $crt_cppflags"
   echo "parts ${crt_parts[*]} ${gcc_parts[*]}"
+  echo "gcc-patches ${gcc_patches[*]}"
   sha256sum tools/build-runtime-i486.sh tools/apt-lists.sh | cut -d' ' -f1
 )
 complete() {
@@ -154,9 +157,11 @@ step "MinGW-w64 CRT" crt.log build_crt
 # ---- libgcc and libstdc++ ---------------------------------------------------
 # The tarball of gcc-12-source, less the parts that no C or C++ target
 # library needs (the test suites, other languages' front ends and libraries,
-# the LTO plugin, which make would otherwise build for the host). Debian's
-# patches of gcc-12-source change the compiler, its driver and other systems'
-# files; none touches a file these libraries are built from for this target.
+# the LTO plugin, which make would otherwise build for the host). Of Debian's
+# patches of gcc-12-source, the one applied here is the only one that touches
+# what these libraries are built from for this target (libstdc++'s headers,
+# as Debian installs them); the others change the compiler, its driver, and
+# other systems' or languages' files.
 gcc_src=$work/gcc-src
 fetch_gcc() {
   local tarball
@@ -174,6 +179,10 @@ fetch_gcc() {
     '*/libstdc++-v3/testsuite/Makefile.in' '*/libstdc++-v3/doc/Makefile.in' \
     '*/libstdc++-v3/doc/xsl/*.in' '*/libstdc++-v3/doc/doxygen/*.in' \
     --exclude='*/testsuite/*/*'
+  local p
+  for p in "${gcc_patches[@]}"; do
+    patch -d "$gcc_src" -p2 --no-backup-if-mismatch <"/usr/src/gcc-12/patches/$p.diff"
+  done
   # Debian's BASE-VER for this compiler: "12-win32"
   echo "$($cc -dumpversion)" >"$gcc_src/gcc/BASE-VER"
 }

@@ -25,8 +25,9 @@ const char* const kListing =
     "  401004:\tlock cmpxchg8b (%esi)\n"
     "  401008:\trep stos %eax,%es:(%edi)\n"
     "  40100a:\tpaddb  %mm1,%mm0\n"
-    "  40100d:\tmovaps %xmm0,(%eax)\n"
-    "  401010:\tfucomip %st(1),%st\n";
+    "  401010:\tfucomip %st(1),%st\n"
+    "  401012:\tmovaps %xmm0,(%eax)\n"
+    "  40100d:\tpavgb  %mm1,%mm0\n";
 
 const char* const kMap =
     "Archive member included to satisfy reference by file (symbol)\n\n"
@@ -45,14 +46,15 @@ const char* const kMap =
 
 TEST(Cpu486, ReadsObjdumpListingsWithPrefixesSetAside) {
   const auto code = disassembly(kListing);
-  ASSERT_EQ(code.size(), 7u);
+  ASSERT_EQ(code.size(), 8u);
   EXPECT_EQ(code[0].address, 0x401000u);
   EXPECT_EQ(code[0].mnemonic, "push");
   EXPECT_EQ(code[1].mnemonic, "cmovl");
   EXPECT_EQ(code[1].operands, "%edx,%eax");
   EXPECT_EQ(code[2].mnemonic, "cmpxchg8b");
   EXPECT_EQ(code[3].mnemonic, "stos");
-  EXPECT_EQ(code[6].address, 0x401010u);
+  EXPECT_EQ(code[6].address, 0x401012u);
+  EXPECT_EQ(code[6].mnemonic, "movaps");
 }
 
 TEST(Cpu486, KnowsWhatA486Lacks) {
@@ -104,23 +106,26 @@ TEST(Cpu486, RefusesWhatTheExceptionListDoesNotAllow) {
 
   const auto bare = cpu486::check(code, pieces, {}, "x");
   EXPECT_EQ(bare.allowed, 0);
-  EXPECT_EQ(bare.refused, 5);
+  EXPECT_EQ(bare.refused, 6);
   EXPECT_EQ(bare.byMnemonic.at("cmovl"), 1);
   EXPECT_EQ(bare.byMnemonic.at("movaps"), 1);
-  ASSERT_EQ(bare.problems.size(), 5u);
-  EXPECT_EQ(bare.problems[0], "crt2.o: 1 x cmovl (P6, first at 0x401001)");
+  ASSERT_EQ(bare.problems.size(), 6u);
+  // an address outside every input section (here: padding) has no object
+  EXPECT_EQ(bare.problems[0], "?: 1 x pavgb (MMX, first at 0x40100d)");
+  EXPECT_EQ(bare.problems[1], "crt2.o: 1 x cmovl (P6, first at 0x401001)");
 
   std::istringstream listIn("# object\tmnemonic\tcount\treason\n"
                             "crt2.o\tcmovl\t1\tdata\n"
                             "libtl99_frame.a(fmain.cpp.obj)\tcmpxchg8b\t1\tguarded\n"
                             "libtl99_frame.a(fmain.cpp.obj)\tpaddb\t1\tguarded\n"
-                            "libtl99_frame.a(fmain.cpp.obj)\tmovaps\t1\tguarded\n"
+                            "libmingwex.a(fesetenv.o)\tmovaps\t1\tguarded\n"
+                            "?\tpavgb\t1\tdata\n"
                             "libmingwex.a(fesetenv.o)\tldmxcsr\t1\tguarded\n");
   const auto allowances = cpu486::parseAllowances(listIn);
-  ASSERT_EQ(allowances.size(), 5u);
-  EXPECT_EQ(allowances[4].reason, "guarded");
+  ASSERT_EQ(allowances.size(), 6u);
+  EXPECT_EQ(allowances[5].reason, "guarded");
   const auto listed = cpu486::check(code, pieces, allowances, "x");
-  EXPECT_EQ(listed.allowed, 4);
+  EXPECT_EQ(listed.allowed, 5);
   EXPECT_EQ(listed.refused, 1);
   ASSERT_EQ(listed.problems.size(), 1u);
   EXPECT_EQ(listed.problems[0], "libmingwex.a(fesetenv.o): 1 x fucomip (P6, first at 0x401010)");
@@ -134,4 +139,31 @@ TEST(Cpu486, AllowsNoMoreHitsThanListed) {
   EXPECT_EQ(report.refused, 2);
   ASSERT_EQ(report.problems.size(), 1u);
   EXPECT_EQ(report.problems[0], "a.o: 2 x cmove (P6, first at 0x401000), 1 allowed");
+}
+
+TEST(Cpu486, AllowsAWholeInputSectionOfData) {
+  std::istringstream mapIn("Linker script and memory map\n\n"
+                           " .text          0x00401000       0x10 a.o\n"
+                           " .gcc_except_table\n"
+                           "                0x00401010       0x20 lib.a(b.o)\n"
+                           " .gcc_except_table\n"
+                           "                0x00401030       0x20 c.o\n");
+  const auto pieces = cpu486::parseMap(mapIn);
+  ASSERT_EQ(pieces.size(), 3u);
+  EXPECT_EQ(pieces[1].section, ".gcc_except_table");
+  EXPECT_EQ(pieces[1].object, "lib.a(b.o)");
+  const std::vector<cpu486::Instruction> code = {{0x401012, "movhps", "(%eax),%xmm1"},
+                                                 {0x401034, "cmovs", "%eax,%ecx"},
+                                                 {0x401036, "cmovs", "%eax,%ecx"},
+                                                 {0x401004, "cmovs", "%eax,%ecx"}};
+  const auto report =
+      cpu486::check(code, pieces, {{".gcc_except_table", "*", -1, "data"}}, "x.exe");
+  EXPECT_EQ(report.allowed, 3);
+  EXPECT_EQ(report.refused, 1);
+  EXPECT_EQ(report.p6, 3);
+  EXPECT_EQ(report.p6Refused, 1);
+  ASSERT_EQ(report.problems.size(), 1u);
+  EXPECT_EQ(report.problems[0], "a.o: 1 x cmovs (P6, first at 0x401004)");
+  ASSERT_EQ(report.used.size(), 1u);
+  EXPECT_EQ(report.used[0], ".gcc_except_table *: 3 (data)");
 }

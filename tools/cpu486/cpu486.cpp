@@ -125,6 +125,7 @@ std::vector<Piece> parseMap(std::istream& in) {
   std::vector<Piece> pieces;
   bool inMemoryMap = false;
   bool pendingSection = false;
+  std::string section;
   for (std::string line; std::getline(in, line);) {
     if (!inMemoryMap) {
       inMemoryMap = startsWith(line, "Linker script and memory map");
@@ -139,6 +140,7 @@ std::vector<Piece> parseMap(std::istream& in) {
     const bool sectionLine =
         line.size() > 1 && line[0] == ' ' && (line[1] == '.' || startsWith(line, " COMMON"));
     std::size_t first;
+    if (sectionLine) section = parts[0];
     if (sectionLine && parts.size() == 1) {
       pendingSection = true;
       continue;
@@ -160,6 +162,7 @@ std::vector<Piece> parseMap(std::istream& in) {
     for (std::size_t i = first + 3; i < parts.size(); ++i)
       object += " " + parts[i];
     piece.object = shortName(object);
+    piece.section = section;
     pieces.push_back(piece);
   }
   std::sort(pieces.begin(), pieces.end(),
@@ -167,12 +170,17 @@ std::vector<Piece> parseMap(std::istream& in) {
   return pieces;
 }
 
-std::string objectAt(const std::vector<Piece>& pieces, std::uint32_t address) {
+const Piece* pieceAt(const std::vector<Piece>& pieces, std::uint32_t address) {
   auto after = std::upper_bound(pieces.begin(), pieces.end(), address,
                                 [](std::uint32_t a, const Piece& p) { return a < p.start; });
-  if (after == pieces.begin()) return "";
+  if (after == pieces.begin()) return nullptr;
   const Piece& piece = *(after - 1);
-  return address - piece.start < piece.size ? piece.object : "";
+  return address - piece.start < piece.size ? &piece : nullptr;
+}
+
+std::string objectAt(const std::vector<Piece>& pieces, std::uint32_t address) {
+  const Piece* piece = pieceAt(pieces, address);
+  return piece ? piece->object : "";
 }
 
 std::string shortName(const std::string& path) {
@@ -197,7 +205,7 @@ std::vector<Allowance> parseAllowances(std::istream& in) {
     Allowance a;
     a.object = fields[0];
     a.mnemonic = fields[1];
-    a.count = std::atoi(fields[2].c_str());
+    a.count = fields[2] == "*" ? -1 : std::atoi(fields[2].c_str());
     a.reason = fields[3];
     list.push_back(a);
   }
@@ -207,39 +215,58 @@ std::vector<Allowance> parseAllowances(std::istream& in) {
 Report check(const std::vector<Instruction>& code, const std::vector<Piece>& pieces,
              const std::vector<Allowance>& allowances, const std::string& defaultObject) {
   Report report;
-  // hits per (object, mnemonic), with the first address and the reason
-  struct Hits {
+  struct Hits { // the hits of one mnemonic in one object
     int count = 0;
     std::uint32_t first = 0;
     std::string why;
   };
   std::map<std::pair<std::string, std::string>, Hits> hits;
+  std::map<std::size_t, int> usedBy; // allowance -> hits it allowed
   for (const Instruction& insn : code) {
     const std::string why = lacking(insn);
     if (why.empty()) continue;
     ++report.byMnemonic[insn.mnemonic];
+    if (why == "P6") ++report.p6;
+    const Piece* piece = pieceAt(pieces, insn.address);
+    // An allowance for a whole input section (".gcc_except_table") covers
+    // every hit in it, whatever the object.
+    bool inAllowedSection = false;
+    for (std::size_t i = 0; piece && i < allowances.size() && !inAllowedSection; ++i) {
+      const Allowance& a = allowances[i];
+      if (a.object == piece->section && (a.mnemonic == "*" || a.mnemonic == insn.mnemonic)) {
+        inAllowedSection = true;
+        ++usedBy[i];
+      }
+    }
+    if (inAllowedSection) {
+      ++report.allowed;
+      continue;
+    }
     static const std::string unknown("?");
-    const std::string found = pieces.empty() ? defaultObject : objectAt(pieces, insn.address);
-    Hits& h = hits[{found.empty() ? unknown : found, insn.mnemonic}];
+    const std::string object = pieces.empty() ? defaultObject : piece ? piece->object : unknown;
+    Hits& h = hits[{object, insn.mnemonic}];
     if (h.count++ == 0) {
       h.first = insn.address;
       h.why = why;
     }
   }
-  std::set<std::size_t> used;
   for (const auto& [key, h] : hits) {
     int allowed = 0;
+    std::vector<std::size_t> matching;
     for (std::size_t i = 0; i < allowances.size(); ++i) {
       if (allowances[i].object == key.first && allowances[i].mnemonic == key.second) {
-        allowed += allowances[i].count;
-        used.insert(i);
+        allowed = allowances[i].count < 0 || allowed < 0 ? -1 : allowed + allowances[i].count;
+        matching.push_back(i);
       }
     }
-    if (h.count <= allowed) {
+    if (allowed < 0 || h.count <= allowed) {
       report.allowed += h.count;
+      for (const std::size_t i : matching)
+        usedBy[i] += h.count;
       continue;
     }
     report.refused += h.count;
+    if (h.why == "P6") report.p6Refused += h.count;
     std::ostringstream line;
     line << key.first << ": " << h.count << " x " << key.second << " (" << h.why << ", first at 0x"
          << std::hex << h.first << std::dec << ")";
@@ -247,8 +274,12 @@ Report check(const std::vector<Instruction>& code, const std::vector<Piece>& pie
     report.problems.push_back(line.str());
   }
   for (std::size_t i = 0; i < allowances.size(); ++i) {
-    if (!used.count(i))
-      report.unused.push_back(allowances[i].object + " " + allowances[i].mnemonic);
+    const Allowance& a = allowances[i];
+    const std::string name = a.object + " " + a.mnemonic;
+    if (usedBy.count(i))
+      report.used.push_back(name + ": " + std::to_string(usedBy[i]) + " (" + a.reason + ")");
+    else
+      report.unused.push_back(name);
   }
   return report;
 }

@@ -38,10 +38,14 @@ struct Piece {
   std::uint32_t start = 0;
   std::uint32_t size = 0;
   std::string object;
+  std::string section; // the input section's name: ".text", ".gcc_except_table"
 };
 
 // The input sections of a GNU ld map file (-Wl,-Map), sorted by address.
 std::vector<Piece> parseMap(std::istream& in);
+
+// The input section that holds `address`, or null when none does.
+const Piece* pieceAt(const std::vector<Piece>& pieces, std::uint32_t address);
 
 // The object whose input section holds `address`, or "" when none does.
 std::string objectAt(const std::vector<Piece>& pieces, std::uint32_t address);
@@ -51,6 +55,9 @@ std::string shortName(const std::string& path);
 
 // An exception: `count` hits of `mnemonic` in `object` are allowed, for
 // `reason`. Lines of the list: OBJECT <TAB> MNEMONIC <TAB> COUNT <TAB> REASON.
+// OBJECT may instead name an input section (".gcc_except_table"): then the
+// allowance covers that section in every object. MNEMONIC "*" is any
+// mnemonic (for a section), COUNT "*" any number (-1 here).
 struct Allowance {
   std::string object;
   std::string mnemonic;
@@ -65,12 +72,16 @@ struct Report {
   std::map<std::string, int> byMnemonic; // every hit
   int allowed = 0;
   int refused = 0;
+  int p6 = 0;                        // hits of the Pentium Pro's instructions (cmov, fcomi, ...)
+  int p6Refused = 0;                 // ... of them refused
   std::vector<std::string> problems; // one line per refused object/mnemonic
+  std::vector<std::string> used;     // allowances that allowed hits, with counts
   std::vector<std::string> unused;   // allowances that matched nothing
 };
 
 // Weighs every instruction a 486 lacks against the allowances: a hit is
-// allowed when its object and mnemonic are listed with at least as many hits.
+// allowed when its input section is listed, or its object and mnemonic with
+// at least as many hits (else all of them are refused).
 Report check(const std::vector<Instruction>& code, const std::vector<Piece>& pieces,
              const std::vector<Allowance>& allowances, const std::string& defaultObject);
 

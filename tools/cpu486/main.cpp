@@ -92,10 +92,14 @@ int main(int argc, char** argv) {
   for (const auto& [mnemonic, count] : report.byMnemonic)
     std::cout << " " << mnemonic << " " << count;
   std::cout << "\n";
+  for (const auto& line : report.used)
+    std::cout << "  allowed " << line << "\n";
   for (const auto& line : report.problems)
     std::cout << "  REFUSED " << line << "\n";
   for (const auto& line : report.unused)
     std::cout << "  (exception not used: " << line << ")\n";
+  std::cout << "cpu486: P6-only instructions (cmov, fcmov, fcomi, fucomi): " << report.p6
+            << ", that can run: " << report.p6Refused << "\n";
   std::cout << "cpu486: " << report.allowed + report.refused << " instructions a 486 lacks, "
             << report.allowed << " allowed by the exception list, " << report.refused
             << " refused\n";
