@@ -17,13 +17,10 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(TL99_THREAD_MODEL win32)
 
-set(TL99_CPU_FLAGS "-march=i486 -mtune=pentium")
-set(CMAKE_C_FLAGS_INIT "${TL99_CPU_FLAGS}")
-set(CMAKE_CXX_FLAGS_INIT "${TL99_CPU_FLAGS}")
-
+# CMakeLists.txt applies both to every target of this configuration.
+set(TL99_CPU_FLAGS -march=i486 -mtune=pentium)
 get_filename_component(TL99_RUNTIME_I486 "${CMAKE_CURRENT_LIST_DIR}/../build/runtime-i486/lib"
                        ABSOLUTE)
 if(NOT EXISTS "${TL99_RUNTIME_I486}/libstdc++.a")
   message(FATAL_ERROR "The runtime for the i486 is not built: run tools/build-runtime-i486.sh")
 endif()
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-B${TL99_RUNTIME_I486}/ -L${TL99_RUNTIME_I486}")

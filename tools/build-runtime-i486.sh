@@ -41,8 +41,28 @@ gcc_parts=(crtbegin.o crtend.o libgcc.a libgcc_eh.a libstdc++.a libsupc++.a)
 # Debian's patches of gcc-12-source applied (see below)
 gcc_patches=(cuda-float128)
 
+# --arch ARCH builds the same for another processor into build/runtime-ARCH:
+# with pentiumpro, Debian's own default, the result can be compared with
+# Debian's prebuilt libraries (tools/compare-runtime.sh).
 force=no
-[ "${1:-}" = --force ] && force=yes
+while [ $# -gt 0 ]; do
+  case $1 in
+    --force) force=yes ;;
+    --arch)
+      arch=$2
+      out=$root/build/runtime-$arch
+      lib=$out/lib
+      work=$out/work
+      logs=$out/logs
+      shift
+      ;;
+    *)
+      echo "usage: tools/build-runtime-i486.sh [--force] [--arch ARCH]" >&2
+      exit 2
+      ;;
+  esac
+  shift
+done
 
 # ---- inputs -----------------------------------------------------------------
 version_of() { dpkg-query -W -f="\${$2}" "$1" 2>/dev/null; }
@@ -70,6 +90,12 @@ case " $configured " in
     exit 1
     ;;
 esac
+# The compiler make would build applies its configured tuning (--with-tune)
+# when no -mtune is given; the installed one applies it only when no -march
+# is given either. So both go on the command line.
+tune=$(echo " $configured " | sed -n 's/.* --with-tune=\([^ ]*\) .*/\1/p')
+tune=${tune:-generic}
+cpu_flags="-march=$arch -mtune=$tune"
 
 # Debian's flags for target code: dpkg-buildflags with hardening off (both
 # packages), -Wall (gcc-mingw-w64). -g is left out: it changes no instruction,
@@ -83,7 +109,7 @@ stamp_text=$(
   echo "compiler $compiler_version"
   echo "mingw-w64 $crt_source_version"
   echo "configure $configured --with-arch=$arch"
-  echo "flags -march=$arch $deb_flags"
+  echo "flags $cpu_flags $deb_flags"
   echo "crt-cppflags $crt_cppflags"
   echo "parts ${crt_parts[*]} ${gcc_parts[*]}"
   echo "gcc-patches ${gcc_patches[*]}"
@@ -146,7 +172,7 @@ build_crt() {
   src=$(echo "$work"/mingw-w64-*/mingw-w64-crt)
   mkdir -p "$work/crt/lib32"
   cd "$work/crt"
-  CC="$cc -march=$arch" CFLAGS="$deb_flags" CPPFLAGS="$crt_cppflags" \
+  CC="$cc $cpu_flags" CFLAGS="$deb_flags" CPPFLAGS="$crt_cppflags" \
     "$src/configure" --host=$target --target=$target --prefix=/usr/$target \
     --disable-lib64 --enable-lib32
   nice -n 10 make -j"$jobs" "${crt_parts[@]/#/lib32/}"
@@ -194,10 +220,10 @@ step "GCC $gcc_source_version sources" fetch-gcc.log fetch_gcc
 # -nostdinc++, the headers of its own build).
 gcc_obj=$work/gcc-obj
 target_make=(
-  "CC_FOR_TARGET=$cc -march=$arch"
-  "GCC_FOR_TARGET=$cc -march=$arch"
-  "CXX_FOR_TARGET=$target-g++-win32 -march=$arch"
-  "RAW_CXX_FOR_TARGET=$cc -march=$arch -shared-libgcc -nostdinc++ -L\$\$r/$target/libstdc++-v3/src -L\$\$r/$target/libstdc++-v3/src/.libs -L\$\$r/$target/libstdc++-v3/libsupc++/.libs"
+  "CC_FOR_TARGET=$cc $cpu_flags"
+  "GCC_FOR_TARGET=$cc $cpu_flags"
+  "CXX_FOR_TARGET=$target-g++-win32 $cpu_flags"
+  "RAW_CXX_FOR_TARGET=$cc $cpu_flags -shared-libgcc -nostdinc++ -L\$\$r/$target/libstdc++-v3/src -L\$\$r/$target/libstdc++-v3/src/.libs -L\$\$r/$target/libstdc++-v3/libsupc++/.libs"
   "CFLAGS_FOR_TARGET=$deb_flags -Wall"
   "CXXFLAGS_FOR_TARGET=$deb_flags -Wall"
 )
