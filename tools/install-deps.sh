@@ -4,8 +4,9 @@
 # Xvfb and ImageMagick for screenshots, and what tools/build-runtime-i486.sh
 # rebuilds the runtime from: GCC 12's sources, dpkg-source and the autotools,
 # and the libraries GCC's configure looks for. Idempotent: a second run only
-# checks. (Debian's mingw-w64 sources come with apt-get source, in
-# tools/build-runtime-i486.sh.)
+# checks. The source indexes of Debian's archive are fetched too (a sources
+# list of their own, tools/apt-lists.sh): tools/build-runtime-i486.sh takes
+# the MinGW-w64 CRT's sources with apt-get source.
 set -euo pipefail
 
 need=()
@@ -18,7 +19,15 @@ for p in "${host_pkgs[@]}"; do have "$p" || need+=("$p"); done
 have wine32:i386 || need+=(wine32:i386)
 have wine || need+=(wine)
 
+. "$(dirname "$0")/apt-lists.sh"
+# The indexes of Debian's source packages, for apt-get source in
+# tools/build-runtime-i486.sh (fetched once; root only).
+sources_ready() {
+  if [ "$(id -u)" -eq 0 ]; then tl99_apt_src_ready; fi
+}
+
 if [ ${#need[@]} -eq 0 ]; then
+  sources_ready
   echo "install-deps: all packages present"
   exit 0
 fi
@@ -29,8 +38,8 @@ if ! dpkg --print-foreign-architectures | grep -qx i386; then
   dpkg --add-architecture i386
 fi
 
-. "$(dirname "$0")/apt-lists.sh"
 tl99_apt_write "$tl99_apt_list" "$tl99_apt_lists" deb
 tl99_apt update -qq
 tl99_apt install -y -qq --no-install-recommends "${need[@]}"
+sources_ready
 echo "install-deps: done"
