@@ -3,7 +3,6 @@
 #include "runtime/basic_error.h"
 
 #include <cctype>
-#include <cfenv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -107,12 +106,19 @@ double toDouble(const Value& value) {
   return textToNumber(std::get<std::string>(value));
 }
 
+// Halves to the even neighbour, in exact arithmetic and whatever the rounding
+// mode. Not through fesetround: MinGW-w64's also sets the SSE control register
+// on a processor that has SSE, which faults where the system hasn't enabled SSE
+// (a Pentium III under Windows 98 before the Second Edition).
 double roundHalfEven(double number) {
-  const int previous = std::fegetround();
-  std::fesetround(FE_TONEAREST);
-  const double rounded = std::nearbyint(number);
-  std::fesetround(previous);
-  return rounded;
+  if (!std::isfinite(number)) return number;
+  const double below = std::floor(number);
+  const double fraction = number - below; // exact for every double
+  const double rounded = fraction < 0.5               ? below
+                         : fraction > 0.5             ? below + 1
+                         : std::fmod(below, 2.0) == 0 ? below
+                                                      : below + 1;
+  return rounded == 0 ? std::copysign(0.0, number) : rounded; // -0.4 gives -0, as rint does
 }
 
 std::int16_t toInteger(const Value& value) {

@@ -6,6 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$PWD
 tools/install-deps.sh
+tools/build-runtime-i486.sh
 cmake -S . -B build/win32 -G Ninja -DCMAKE_BUILD_TYPE=Release \
   -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-i686-win32.cmake >/dev/null
 cmake --build build/win32 --target tweakloom99 tl99_help
