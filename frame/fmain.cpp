@@ -6,6 +6,7 @@
 #include "frame/page_table.h"
 #include "frame/regions.h"
 #include "frame/win_exit.h"
+#include "pages/shell/named_tweaks.h"
 #include "platform/platform.h"
 #include "runtime/application.h"
 #include "runtime/basic_error.h"
@@ -16,45 +17,47 @@
 namespace frame {
 
 using namespace runtime;
+namespace tweak = pages::tweak;
 
 namespace {
 
-// Captions that only the running program gives, in the order they are set.
+// Captions that only the running program gives, in the order they are set;
+// each is the word of its named tweak.
 struct CaptionRow {
   const char* control;
   const char* caption;
 };
 constexpr CaptionRow kRunTimeCaptions[] = {
-    {"Check1", "Beep on Errors"},
-    {"Check2(0)", "More CPU Info"},
-    {"CD2(3)", "Show Windows Version on Desktop"},
-    {"Check2(2)", "Explore from Here"},
-    {"Check2(3)", "Flexible Rycycle Bin"},
-    {"Check2(4)", "Open With Always Enabled"},
-    {"Check2(1)", "Find on the Internet Option"},
-    {"Check2(12)", "Blinking Text Cursor"},
-    {"Check2(13)", "Full Window Draging"},
-    {"CD2(0)", "Use Shortcut Arrows"},
-    {"CD2(1)", "Prefix 'Shortcut To' on New Shortcuts"},
-    {"CD2(4)", "Use Hi-Color Icons"},
-    {"Check2(5)", "Open Folder in MS-DOS"},
-    {"CD2(6)", "Save Desktop Settings on Exit"},
-    {"Check2(7)", "Use 24h Time Format HHMM"},
-    {"Check2(8)", "Turn Off Window Animation"},
-    {"Check2(9)", "Turn Off Start Banner"},
-    {"Check2(10)", "Show Tips on Startup"},
-    {"Check2(11)", "X Mouse Auto Raise"},
-    {"Check14", "Clock Static Caption"},
-    {"st_m(2)", "Run"},
-    {"st_m(1)", "Documents"},
-    {"st_m(3)", "User LogOff"},
-    {"st_m(0)", "Favorites"},
-    {"Check7", "System's Name"},
-    {"Check8", "Registered User "},
-    {"Check9", "Registered Organization"},
-    {"Check10", "Small Icons on Start Menu"},
-    {"Check11", "Smooth Fonts"},
-    {"Check12", "Open Unknown File Types in Notepad"},
+    {"Check1", tweak::kBeepOnErrors},
+    {"Check2(0)", tweak::kMoreCpuInfo},
+    {"CD2(3)", tweak::kShowWindowsVersion},
+    {"Check2(2)", tweak::kExploreFromHere},
+    {"Check2(3)", tweak::kFlexibleRycycleBin},
+    {"Check2(4)", tweak::kOpenWithAlwaysEnabled},
+    {"Check2(1)", tweak::kFindOnTheInternet},
+    {"Check2(12)", tweak::kBlinkingTextCursor},
+    {"Check2(13)", tweak::kFullWindowDraging},
+    {"CD2(0)", tweak::kUseShortcutArrows},
+    {"CD2(1)", tweak::kPrefixShortcutTo},
+    {"CD2(4)", tweak::kUseHiColorIcons},
+    {"Check2(5)", tweak::kOpenFolderInMsDos},
+    {"CD2(6)", tweak::kSaveDesktopSettings},
+    {"Check2(7)", tweak::kUse24hTimeFormat},
+    {"Check2(8)", tweak::kTurnOffWindowAnimation},
+    {"Check2(9)", tweak::kTurnOffStartBanner},
+    {"Check2(10)", tweak::kShowTipsOnStartup},
+    {"Check2(11)", tweak::kXMouseAutoRaise},
+    {"Check14", tweak::kClockStaticCaption},
+    {"st_m(2)", tweak::kRun},
+    {"st_m(1)", tweak::kDocuments},
+    {"st_m(3)", tweak::kUserLogOff},
+    {"st_m(0)", tweak::kFavorites},
+    {"Check7", tweak::kSystemsName},
+    {"Check8", tweak::kRegisteredUser},
+    {"Check9", tweak::kRegisteredOrganization},
+    {"Check10", tweak::kSmallIconsOnStartMenu},
+    {"Check11", tweak::kSmoothFonts},
+    {"Check12", tweak::kOpenUnknownInNotepad},
 };
 
 constexpr platform::Dword kShowMinimisedWithFocus = 2;

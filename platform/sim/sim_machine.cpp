@@ -76,6 +76,13 @@ void reset(const std::string& hostRoot) {
     m.roots[i] = std::make_shared<detail::Key>();
     m.roots[i]->name = kRootNames[i];
   }
+  // HKEY_CLASSES_ROOT is HKEY_LOCAL_MACHINE\Software\Classes under another
+  // name: one key, reached through either root.
+  auto software = std::make_shared<detail::Key>();
+  software->name = "Software";
+  m.roots[2]->subkeys.push_back(software);
+  m.roots[0]->name = "Classes";
+  software->subkeys.push_back(m.roots[0]);
   m.hostRoot = hostRoot;
   std::filesystem::create_directories(hostRoot + "/c");
   m.version = VersionInfo{4, 10, 0x040A07CE, 1, " "};

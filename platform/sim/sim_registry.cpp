@@ -5,7 +5,8 @@
 //  - RegDeleteKeyA removes the key with all its subkeys;
 //  - key creation drops one leading backslash, while opening a path with a
 //    leading backslash fails with ERROR_BAD_PATHNAME;
-//  - a value that was never set, the default value included, is missing.
+//  - a value that was never set, the default value included, is missing;
+//  - HKEY_CLASSES_ROOT is the key HKEY_LOCAL_MACHINE\Software\Classes.
 // Keys and values enumerate in the order of their upper-cased names.
 #include "platform/sim/sim_machine.h"
 
@@ -315,9 +316,11 @@ void exportKey(const Key& key, const std::string& path, std::string& out) {
 } // namespace
 
 std::string exportRegistry() {
+  static constexpr const char* kRootNames[4] = {"HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER",
+                                                "HKEY_LOCAL_MACHINE", "HKEY_USERS"};
   std::string out;
-  for (const auto& root : machine().roots)
-    exportKey(*root, root->name, out);
+  for (std::size_t i = 0; i < machine().roots.size(); ++i)
+    exportKey(*machine().roots[i], kRootNames[i], out);
   return out;
 }
 

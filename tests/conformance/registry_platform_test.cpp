@@ -263,4 +263,22 @@ TEST_F(RegistryPlatform, RootKeysOpenWithAHandleOfTheirOwnOrThemselves) {
   EXPECT_EQ(0, RegCloseKey(root));
 }
 
+TEST_F(RegistryPlatform, ClassesRootIsTheMachineClassesKey) {
+  RegKey written = 0;
+  ASSERT_EQ(0, RegCreateKeyA(kLocalMachine, "Software\\CLASSES\\TL99Conformance\\Verb", &written));
+  ASSERT_EQ(0,
+            RegSetValueExA(written, "", 0, kRegSz, reinterpret_cast<const std::uint8_t*>("x"), 2));
+  RegCloseKey(written);
+  RegKey read = 0;
+  ASSERT_EQ(0, RegOpenKeyA(kClassesRoot, "TL99Conformance\\Verb", &read));
+  std::uint8_t data[8];
+  Dword size = sizeof data, type = 0;
+  EXPECT_EQ(0, RegQueryValueExA(read, "", &type, data, &size));
+  EXPECT_EQ(2u, size);
+  RegCloseKey(read);
+  EXPECT_EQ(0, RegDeleteKeyA(kClassesRoot, "TL99Conformance"));
+  EXPECT_EQ(kErrorFileNotFound,
+            RegOpenKeyA(kLocalMachine, "Software\\Classes\\TL99Conformance", &read));
+}
+
 } // namespace
