@@ -31,30 +31,30 @@ constexpr IniLine kIniLines[] = {
     {&OemInfo::Text14, "Support Information", "Line1"},
 };
 
-// The identity strings of the registry, all REG_SZ, with the check box that
-// unlocks each, in the order Apply writes them. The computer name's key is
-// ...\Control\ComputerName, with the word once only.
+// The identity strings of the registry, all REG_SZ, in the order Apply
+// writes them. The first three are rows of
+// the named-tweak catalogue, which reads them (the computer name's key is
+// ...\Control\ComputerName, with the word once only); the other two are read
+// by the page itself.
 struct IdentityRow {
   TextBox* OemInfo::*box;
-  CheckBox* OemInfo::*check;
+  int tweakRow; // 0: the hive, key and value below
   sysaccess::Hive hive;
   const char* key;
   const char* value;
 };
-constexpr const char* kVersionKey = "Software\\Microsoft\\Windows\\CurrentVersion";
 constexpr const char* kSetupUserKey = "Software\\Microsoft\\MS Setup (ACME)\\User Info";
 constexpr IdentityRow kIdentityRows[] = {
-    {&OemInfo::Text3, &OemInfo::Check7, HKLM, "System\\CurrentControlSet\\Control\\ComputerName",
-     "ComputerName"},
-    {&OemInfo::Text4, &OemInfo::Check8, HKLM, kVersionKey, "RegisteredOwner"},
-    {&OemInfo::Text5, &OemInfo::Check9, HKLM, kVersionKey, "RegisteredOrganization"},
-    {&OemInfo::Text19, &OemInfo::Check27, HKCU, kSetupUserKey, "DefName"},
-    {&OemInfo::Text20, &OemInfo::Check28, HKCU, kSetupUserKey, "DefCompany"},
+    {&OemInfo::Text3, 42, 0, nullptr, nullptr},
+    {&OemInfo::Text4, 43, 0, nullptr, nullptr},
+    {&OemInfo::Text5, 44, 0, nullptr, nullptr},
+    {&OemInfo::Text19, 0, HKCU, kSetupUserKey, "DefName"},
+    {&OemInfo::Text20, 0, HKCU, kSetupUserKey, "DefCompany"},
 };
 
 // The words of the named-tweak reader that fill Text3, Text4 and Text5.
-constexpr const char* kTweakWords[] = {"System's Name", "Registered User ",
-                                       "Registered Organization"};
+constexpr const char* kTweakWords[] = {tweak::kSystemsName, tweak::kRegisteredUser,
+                                       tweak::kRegisteredOrganization};
 
 // The reader's order of disabling the boxes, and of clearing the check boxes.
 constexpr TextBox* OemInfo::*kDisableOrder[] = {&OemInfo::Text20, &OemInfo::Text19, &OemInfo::Text3,
@@ -175,8 +175,13 @@ void OemInfo::Oem_apply_Click() {
   // never is.
   for (const IdentityRow& row : kIdentityRows) {
     const TextBox* box = this->*row.box;
-    if (box->enabled())
+    if (!box->enabled()) continue;
+    if (row.tweakRow != 0) {
+      const tweak::Row& read = tweak::row(row.tweakRow);
+      sysaccess::SetRegValue(read.hive, read.key, read.value, sysaccess::kRegSz, box->text());
+    } else {
       sysaccess::SetRegValue(row.hive, row.key, row.value, sysaccess::kRegSz, box->text());
+    }
   }
   // The three lines are written every time; a failed write goes unnoticed.
   for (const IniLine& line : kIniLines)

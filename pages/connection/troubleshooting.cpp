@@ -18,7 +18,7 @@ using sysaccess::kNotFound;
 
 namespace {
 
-constexpr const char* kFileSystem = "System\\CurrentControlSet\\Control\\FileSystem";
+constexpr const char* kFileSystem = tweak::kFSYS;
 constexpr const char* kNameSpace =
     "Software\\Microsoft\\Windows\\CurrentVersion\\explorer\\Desktop\\NameSpace";
 constexpr const char* kFault = "Software\\Microsoft\\Windows\\CurrentVersion\\Fault";
@@ -76,8 +76,7 @@ constexpr const char* kNewLinkCommand = "RunDLL32 AppWiz.Cpl,NewLinkHere %2";
 constexpr const char* kNewMenuHandler = "{D969A300-E7FF-11d0-A93B-00A0C90F2719}";
 constexpr const char* kNewMenuKey =
     "Software\\CLASSES\\Directory\\Background\\shellex\\ContextMenuHandlers\\New";
-constexpr const char* kExplorerPolicies =
-    "Software\\Microsoft\\Windows\\CurrentVersion\\Policies\\Explorer";
+constexpr const char* kExplorerPolicies = tweak::kPOL;
 constexpr HealthCheck kHealthChecks[] = {
     {0, "Desktop Shortcut Creation", HKCR, ".lnk\\ShellNew", "Command", Healthy::WhenEqual,
      kNewLinkCommand, true},
@@ -100,15 +99,16 @@ struct AllocationSize {
 };
 constexpr AllocationSize kAllocationSizes[] = {{"512", 512}, {"102", 1024}, {"204", 2048}};
 
-// The file-system rows of the writer, in their order, each with what it
-// stores for a tick (or the first combo entry) and for the other state.
+// The file-system rows of the writer, in their order, each with its row of
+// the named-tweak catalogue (which reads it back) and what it stores for a
+// tick (or the first combo entry) and for the other state.
 enum class Stored { Dword, Binary };
 struct FileSystemRow {
   int check; // Check2(i), or -1 for a combo box
   ComboBox* Troubleshooting::*combo;
   const char* firstEntry; // the combo entry that stores `first`
   const char* otherEntry;
-  const char* value;
+  int tweakRow; // its key and value name
   Stored stored;
   std::string_view first; // ticked, or firstEntry
   std::string_view other; // clear, or otherEntry
@@ -116,22 +116,22 @@ struct FileSystemRow {
 using namespace std::string_view_literals;
 const FileSystemRow kFileSystemRows[] = {
     // "Long Filename Support" ticked means Win31FileSystem 0.
-    {15, nullptr, nullptr, nullptr, "Win31FileSystem", Stored::Dword, "0", "1"},
-    {16, nullptr, nullptr, nullptr, "VirtualHDIRQ", Stored::Binary, "\1\0\0\0"sv, "\0\0\0\0"sv},
-    {17, nullptr, nullptr, nullptr, "SoftCompatMode", Stored::Binary, "\1\0\0\0"sv, "\0\0\0\0"sv},
-    {18, nullptr, nullptr, nullptr, "NameNumericTail", Stored::Dword, "1", "0"},
-    {19, nullptr, nullptr, nullptr, "PreserveLongNames", Stored::Binary, "\xFF\xFF\xFF\xFF"sv,
-     "\0\0\0\0"sv},
-    {-1, &Troubleshooting::Combo2, "Protected", "Real", "ForceRMIO", Stored::Binary, "\0\0\0\0"sv,
+    {15, nullptr, nullptr, nullptr, 5, Stored::Dword, "0", "1"},
+    {16, nullptr, nullptr, nullptr, 6, Stored::Binary, "\1\0\0\0"sv, "\0\0\0\0"sv},
+    {17, nullptr, nullptr, nullptr, 7, Stored::Binary, "\1\0\0\0"sv, "\0\0\0\0"sv},
+    {18, nullptr, nullptr, nullptr, 8, Stored::Dword, "1", "0"},
+    {19, nullptr, nullptr, nullptr, 9, Stored::Binary, "\xFF\xFF\xFF\xFF"sv, "\0\0\0\0"sv},
+    {-1, &Troubleshooting::Combo2, "Protected", "Real", 24, Stored::Binary, "\0\0\0\0"sv,
      "\1\0\0\0"sv},
-    {-1, &Troubleshooting::Combo3, "Protected", "Real", "DriveWriteBehind", Stored::Binary,
-     "\xFF\xFF\xFF\xFF"sv, "\0\0\0\0"sv},
-    {-1, &Troubleshooting::Combo4, "Asynchronous", "Synchronous", "AsyncFileCommit", Stored::Binary,
-     "\1"sv, "\0"sv},
+    {-1, &Troubleshooting::Combo3, "Protected", "Real", 25, Stored::Binary, "\xFF\xFF\xFF\xFF"sv,
+     "\0\0\0\0"sv},
+    {-1, &Troubleshooting::Combo4, "Asynchronous", "Synchronous", 26, Stored::Binary, "\1"sv,
+     "\0"sv},
 };
 
 // The words of the named-tweak reader for this page's file-system rows.
-constexpr const char* kTweakWords[] = {"FS1", "FS2", "FS3", "31FS", "PMH", "FSA", "RSF", "PLF"};
+constexpr const char* kTweakWords[] = {tweak::kFS1, tweak::kFS2, tweak::kFS3, tweak::k31FS,
+                                       tweak::kPMH, tweak::kFSA, tweak::kRSF, tweak::kPLF};
 
 // ---- Layout -----------------------------------------------------------------
 
@@ -435,10 +435,12 @@ void Troubleshooting::ondAp_Click() {
 void Troubleshooting::writeFileSystemRows() {
   // The binary values go through SetRegValueEx as one character a byte.
   const auto store = [](const FileSystemRow& row, std::string_view data) {
+    const tweak::Row& read = tweak::row(row.tweakRow);
     if (row.stored == Stored::Dword)
-      sysaccess::SetRegValue(HKLM, kFileSystem, row.value, sysaccess::kRegDword, std::string(data));
+      sysaccess::SetRegValue(read.hive, read.key, read.value, sysaccess::kRegDword,
+                             std::string(data));
     else
-      sysaccess::SetRegValueEx(HKLM, kFileSystem, "", row.value, std::string(data),
+      sysaccess::SetRegValueEx(read.hive, read.key, "", read.value, std::string(data),
                                sysaccess::kRegBinary);
   };
   for (const FileSystemRow& row : kFileSystemRows) {

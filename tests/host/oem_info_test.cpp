@@ -316,3 +316,31 @@ TEST_F(Oem, LinesOf3000CharactersShow254AndApplyWritesThose) {
 }
 
 } // namespace
+
+namespace {
+
+TEST_F(Oem, TheNamedTweaksFillTheFirstThreeAndAnOpenOneIsWrittenThere) {
+  storeText(platform::kLocalMachine, kVersion, "RegisteredOwner", "Ann Harper");
+  storeText(platform::kLocalMachine, kVersion, "RegisteredOrganization", "Harper Design");
+  start();
+  EXPECT_EQ("Not Found", page().Text3->text()); // ...\Control\ComputerName has no such value
+  EXPECT_EQ("Ann Harper", page().Text4->text());
+  EXPECT_EQ("Harper Design", page().Text5->text());
+  EXPECT_FALSE(button("Oem_apply").enabled());
+  showTab(3);
+  page().Check8->userClick();
+  page().Text4->userSetText("Bob Stone");
+  page().Check7->userClick();
+  button("Oem_apply").userClick();
+  EXPECT_EQ("Bob Stone", page().Text4->text());
+  EXPECT_EQ("1:426F622053746F6E6500", stored(platform::kLocalMachine, kVersion, "RegisteredOwner"));
+  // The computer name's box showed "Not Found" and was open: the words are
+  // stored, and read back as missing.
+  EXPECT_EQ("1:4E6F7420466F756E6400",
+            stored(platform::kLocalMachine, "System\\CurrentControlSet\\Control\\ComputerName",
+                   "ComputerName"));
+  EXPECT_EQ("Harper Design",
+            sysaccess::GetRegValue(sysaccess::HKLM, kVersion, "RegisteredOrganization"));
+}
+
+} // namespace

@@ -327,6 +327,12 @@ TEST_F(Trouble, FileSystemRowsStoreTheirExactBytes) {
   EXPECT_EQ("3:01000000", fs("ForceRMIO"));
   EXPECT_EQ("3:FFFFFFFF", fs("DriveWriteBehind"));
   EXPECT_EQ("3:01", fs("AsyncFileCommit"));
+  // The named-tweak reader shows what was written.
+  for (int i = 15; i <= 19; ++i)
+    EXPECT_EQ(1, check2(i).value()) << i;
+  EXPECT_EQ("Real", page().Combo2->text());
+  EXPECT_EQ("Protected", page().Combo3->text());
+  EXPECT_EQ("Asynchronous", page().Combo4->text());
 
   for (int i = 15; i <= 19; ++i)
     check2(i).userClick();
@@ -342,6 +348,11 @@ TEST_F(Trouble, FileSystemRowsStoreTheirExactBytes) {
   EXPECT_EQ("3:00000000", fs("ForceRMIO"));
   EXPECT_EQ("3:00000000", fs("DriveWriteBehind"));
   EXPECT_EQ("3:00", fs("AsyncFileCommit"));
+  for (int i = 15; i <= 19; ++i)
+    EXPECT_EQ(0, check2(i).value()) << i;
+  EXPECT_EQ("Protected", page().Combo2->text());
+  EXPECT_EQ("Real", page().Combo3->text());
+  EXPECT_EQ("Synchronous", page().Combo4->text());
 }
 
 TEST_F(Trouble, CombosWithNothingSelectedWriteNothing) {
