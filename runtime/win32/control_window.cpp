@@ -138,6 +138,7 @@ ControlWindow* ControlWindow::of(HWND window) {
 void ControlWindow::create(HWND parent) {
   const WindowKind kind = windowKindOf(control_);
   if (!kind.className) return; // a timer has no window
+  shownItems_.clear();         // a new window starts empty
   static int nextId = 100;
   const bool own = isOwnClass(control_);
   const HMENU id =
@@ -273,10 +274,25 @@ void ControlWindow::applyList() {
                   control_.kind() == ControlKind::FileListBox))
     return;
   auto& list = static_cast<ListControl&>(control_);
-  ::SendMessageA(hwnd_, combo ? CB_RESETCONTENT : LB_RESETCONTENT, 0, 0);
-  for (int i = 0; i < list.listCount(); ++i)
+  const std::size_t count = static_cast<std::size_t>(list.listCount());
+  // Entries in front that the window already shows stay; the rest is taken
+  // away and added anew.
+  std::size_t same = 0;
+  while (same < count && same < shownItems_.size() &&
+         shownItems_[same] == list.list(static_cast<int>(same)))
+    ++same;
+  if (same == 0) {
+    ::SendMessageA(hwnd_, combo ? CB_RESETCONTENT : LB_RESETCONTENT, 0, 0);
+  } else {
+    for (std::size_t i = shownItems_.size(); i > same; --i)
+      ::SendMessageA(hwnd_, combo ? CB_DELETESTRING : LB_DELETESTRING, i - 1, 0);
+  }
+  shownItems_.resize(same);
+  for (std::size_t i = same; i < count; ++i) {
+    shownItems_.push_back(list.list(static_cast<int>(i)));
     ::SendMessageA(hwnd_, combo ? CB_ADDSTRING : LB_ADDSTRING, 0,
-                   reinterpret_cast<LPARAM>(list.list(i).c_str()));
+                   reinterpret_cast<LPARAM>(shownItems_.back().c_str()));
+  }
   applyValue();
 }
 
