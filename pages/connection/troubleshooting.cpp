@@ -89,7 +89,8 @@ constexpr HealthCheck kHealthChecks[] = {
     {2, "Windows Explorer File Menu", HKLM, kNewMenuKey, "", Healthy::WhenEqual, kNewMenuHandler,
      false},
 };
-constexpr std::uint32_t kFailingColor = 0xFF; // pure red
+constexpr std::uint32_t kFailingColor = 0xFF;   // pure red
+constexpr std::uint32_t kPanelColor = 0xD0D0D0; // the shaded panel behind the checks
 
 // ContigFileAllocSize: the three sizes, their three-character texts and the
 // option of each.
@@ -238,7 +239,7 @@ Troubleshooting::Troubleshooting(PageHost& host) : host_(host) {
   }
 
   Label35 = &form.add<Label>("Label35", -1, page, {0, 3990, 6435, 1485});
-  Label35->setBackColor(0xD0D0D0);
+  Label35->setBackColor(kPanelColor);
   Label38 = &form.add<Label>("Label38", -1, page, {120, 4050, 2985, 195});
   Label38->setCaption("Common Registry Problems Checks");
   Label38->setFont(heading);
@@ -249,12 +250,14 @@ Troubleshooting::Troubleshooting(PageHost& host) : host_(host) {
     CheckBox& indicator =
         dsce.add(form, place.index, page, {place.boxLeft, place.boxTop, 195, 195});
     indicator.setEnabled(false); // an indicator only
+    indicator.setBackColor(kPanelColor);
   }
   fix_ = &form.add<CommandButton>("fix_", -1, page, {150, 4830, 1095, 285});
   fix_->setCaption("Fix Error(s)");
   fix_->setVisible(false);
   Check3 = &form.add<CheckBox>("Check3", -1, page, {150, 5190, 3225, 195});
   Check3->setCaption("Log Application Errors (FAULTLOG.TXT)");
+  Check3->setBackColor(kPanelColor);
 
   PictureBox* apply = host.buttons().ondAp;
   const auto arm = [apply] { apply->setEnabled(true); };
