@@ -95,6 +95,20 @@ void Control::userMouseMove(int button, int shift, float x, float y) {
   });
 }
 
+void Control::userMouseDown(int button, int shift, float x, float y) {
+  if (!takesUserInput()) return;
+  Application::instance().runEvent([&] {
+    if (onMouseDown) onMouseDown(button, shift, x, y);
+  });
+}
+
+void Control::userMouseUp(int button, int shift, float x, float y) {
+  if (!takesUserInput()) return;
+  Application::instance().runEvent([&] {
+    if (onMouseUp) onMouseUp(button, shift, x, y);
+  });
+}
+
 void Control::userClick() {
   if (!takesUserInput()) return;
   Application::instance().runEvent([&] { fire(onClick); });

@@ -141,8 +141,15 @@ public:
   // Mouse events every visible control reports: button, shift, x, y (twips).
   std::function<void(int, int, float, float)> onMouseMove;
   std::function<void()> onClick;
+  // MouseDown and MouseUp: button, shift, x, y (twips).
+  std::function<void(int, int, float, float)> onMouseDown;
+  std::function<void(int, int, float, float)> onMouseUp;
   // The user moves the mouse over the control or clicks it.
   void userMouseMove(int button, int shift, float x, float y);
+  // The user presses or releases a mouse button on the control; only a
+  // control that takes user input reports it.
+  void userMouseDown(int button, int shift, float x, float y);
+  void userMouseUp(int button, int shift, float x, float y);
   virtual void userClick();
 
   void attachView(ControlView* view) { view_ = view; }

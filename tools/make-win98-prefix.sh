@@ -48,8 +48,14 @@ fi
 wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /t REG_SZ /d N /f >/dev/null 2>&1
 wine reg add 'HKCU\Software\Wine\X11 Driver' /v Decorated /t REG_SZ /d N /f >/dev/null 2>&1
 
-# The machine's files and registry.
+# The machine's files and registry. Drives d: to h: that a test gave the
+# machine go again; MSDOS.SYS is made writable so that the copy replaces it.
 drive_c=$prefix/drive_c
+for link in "$prefix"/dosdevices/[d-h]:; do
+  [ -L "$link" ] && [[ $(readlink "$link") == *tl99-drives* ]] && rm -f "$link"
+done
+rm -rf "$prefix/tl99-drives"
+chmod u+w "$drive_c/MSDOS.SYS" 2>/dev/null || true
 cp -r "$env_dir/drive_c/." "$drive_c/"
 # The fonts a Windows 98 has in its Fonts folder for dialogs and window
 # captions: MS Sans Serif and Marlett, from Wine's font package.
@@ -66,6 +72,19 @@ for reg in "$env_dir"/*.reg; do
   wine regedit /S 'C:\windows\temp\tl99-import.reg' >/dev/null 2>&1
 done
 rm -f "$drive_c/windows/temp/tl99-import.reg"
+# Windows 98 keeps MSDOS.SYS read-only, hidden and system. Set through Wine,
+# which keeps hidden and system in an extended attribute of the file and
+# read-only in its Unix permissions; Wine's attrib takes one attribute a call,
+# and read-only comes last, since a read-only file takes no new attribute.
+for attribute in +H +S +R; do
+  wine attrib "$attribute" 'C:\MSDOS.SYS' >/dev/null 2>&1
+done
+# Wine keeps the user's currency region in a subkey of International named by
+# three globe emoji. Windows 98 has no such key, and a program of the ANSI
+# code page can't name it, so deleting International with its subkeys
+# through the ANSI calls (as the Desktop page's Apply does) would stop there.
+globes=$(printf '\360\237\214\216\360\237\214\217\360\237\214\215')
+wine reg delete "HKCU\\Control Panel\\International\\$globes" /f >/dev/null 2>&1 || true
 # The reported system, set last (the registry file holds Windows 98's own
 # VersionNumber): Wine takes a 9x version from VersionNumber once the NT
 # CurrentVersion value is gone.

@@ -347,7 +347,11 @@ void ControlWindow::changed(Property property) {
   case Property::Tab: applyValue(); break;
   case Property::Text:
   case Property::Caption: applyText(); break;
-  case Property::Enabled: ::EnableWindow(hwnd_, control_.enabled()); break;
+  case Property::Enabled:
+    ::EnableWindow(hwnd_, control_.enabled());
+    // Our own classes draw a disabled caption grey.
+    if (isOwnClass(control_)) ::InvalidateRect(hwnd_, nullptr, TRUE);
+    break;
   case Property::Geometry: applyGeometry(); break;
   case Property::List: applyList(); break;
   case Property::Tabs: applyTabs(); break;
@@ -420,8 +424,13 @@ void ControlWindow::mouseEvent(UINT message, WPARAM wParam, LPARAM lParam) {
   case WM_LBUTTONDOWN:
     pressed_ = true;
     ::SetCapture(hwnd_);
-    if (host) userControl.userMouseDown(kLeftButton, shift, x, y);
+    if (host)
+      userControl.userMouseDown(kLeftButton, shift, x, y);
+    else
+      control_.userMouseDown(kLeftButton, shift, x, y);
     break;
+  case WM_RBUTTONDOWN: control_.userMouseDown(kRightButton, shift, x, y); break;
+  case WM_RBUTTONUP: control_.userMouseUp(kRightButton, shift, x, y); break;
   case WM_LBUTTONUP: {
     const bool wasPressed = pressed_;
     pressed_ = false;
@@ -430,6 +439,7 @@ void ControlWindow::mouseEvent(UINT message, WPARAM wParam, LPARAM lParam) {
       userControl.userMouseUp(kLeftButton, shift, x, y);
       break;
     }
+    control_.userMouseUp(kLeftButton, shift, x, y);
     RECT client;
     ::GetClientRect(hwnd_, &client);
     const POINT at{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
@@ -490,6 +500,7 @@ void ControlWindow::paint() {
       RECT text{client.left + 8, client.top, client.right - 8, client.top + metrics.tmHeight};
       ::SetBkMode(dc, OPAQUE);
       ::SetBkColor(dc, Presenter::colorOf(control_.backColor()));
+      if (!control_.enabled()) ::SetTextColor(dc, ::GetSysColor(COLOR_GRAYTEXT));
       ::DrawTextA(dc, (" " + frame.caption() + " ").c_str(), -1, &text, DT_LEFT | DT_SINGLELINE);
     }
     break;
@@ -641,6 +652,8 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool& 
     return 1; // painted in WM_PAINT
   case WM_MOUSEMOVE: mouseEvent(message, wParam, lParam); break;
   case WM_LBUTTONUP:
+  case WM_RBUTTONDOWN:
+  case WM_RBUTTONUP:
     // System controls (buttons, lists) press and capture on their own.
     if (own) mouseEvent(message, wParam, lParam);
     break;

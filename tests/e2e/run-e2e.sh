@@ -21,6 +21,9 @@
 #                         the lines that differ between two saved registries are
 #                         exactly those of tests/e2e/cases/expected/EXPECTED
 #                         ("+ " added, "- " removed)
+#   host-run COMMAND      runs COMMAND with bash as the prefix's Wine user, in the
+#                         repository, with WINEPREFIX set: arranges the machine's
+#                         files (a drive e:, a changed system.ini) before a start
 #   program PATH [ARGS]   starts PATH (an exe, relative to the repository) in the
 #                         background, with its own folder as the current folder
 #   drive COMMAND ARGS    one step of tl99drive.exe ("tl99drive.exe -h" lists them)
@@ -122,9 +125,13 @@ kill_tree() { # PID: the process and its descendants
 # A registry export as one line per value, "[key] value-line", and one line
 # per key, so that a sorted comparison keeps each value with its key. Wine
 # writes the file in UTF-16; the lines a value continues on are joined.
+# HKEY_LOCAL_MACHINE\Hardware is left out: the system makes it anew at every
+# start (Wine writes the host's processor there), so it isn't the machine's.
 flatten_registry() {
   iconv -f UTF-16 -t UTF-8 "$1" 2>/dev/null | tr -d '\r' | awk '
-    /^\[/ { key = $0; print key; next }
+    /^\[HKEY_LOCAL_MACHINE\\Hardware[]\\]/ { skip = 1; next }
+    /^\[/ { skip = 0; key = $0; print key; next }
+    skip { next }
     /^$/ || /^Windows Registry Editor/ || /^REGEDIT/ { next }
     { line = $0
       while (line ~ /\\$/ && (getline more) > 0) { sub(/\\$/, "", line); sub(/^ +/, "", more); line = line more }
@@ -239,6 +246,13 @@ run_case() {
         note "ok: $name.e2e:$line_no: system-version ${WORDS[0]}"
       else
         fail_at "$line_no" "could not make the prefix report version ${WORDS[0]}"
+      fi
+      ;;
+    host-run)
+      if as_wine_user bash -c "cd '$root' && ${rest#"${rest%%[![:blank:]]*}"}" </dev/null >>"$log" 2>&1; then
+        note "ok: $name.e2e:$line_no: host-run"
+      else
+        fail_at "$line_no" "host-run failed"
       fi
       ;;
     program)

@@ -1,6 +1,7 @@
 // The gallery: one of every control type of the form runtime on one form,
 // presented as real windows and driven end to end through the runtime, so the
 // end-to-end tests can click, type and read every kind of control.
+#include "controls/veld_slider.h"
 #include "runtime/application.h"
 #include "runtime/control_array.h"
 #include "runtime/form.h"
@@ -10,6 +11,7 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <memory>
 #include <string>
 
 using namespace runtime;
@@ -178,9 +180,23 @@ struct Gallery {
     colored.setCaption("White on navy");
     colored.setBackColor(0x800000);
     colored.setForeColor(0xFFFFFF);
+
+    // The program's own slider with one strip, in its multiplier mode.
+    auto& changes = form.add<Label>("rwinchanges", -1, nullptr, {3960, 4680, 1200, 255});
+    rwin1_ = std::make_unique<controls::VeldSlider>(
+        form, "rwin1", nullptr,
+        Bounds{120, 4680, controls::kSliderWidth, controls::kOneStripHeight},
+        controls::VeldSliderProperties{.display_status = 2});
+    rwin1_->setEnabled(true);
+    rwin1_->setMin(4096);
+    rwin1_->onChange = [this, &changes] {
+      changes.setCaption("changes " + std::to_string(++rwinChanges_));
+    };
   }
 
   std::unique_ptr<Bar> bar_;
+  std::unique_ptr<controls::VeldSlider> rwin1_;
+  int rwinChanges_ = 0;
 };
 
 } // namespace
@@ -196,7 +212,8 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int) {
   if (timing) {
     const DWORD took = ::GetTickCount() - start;
     std::printf("gallery: %u controls built and presented as windows in %lu ms\n",
-                static_cast<unsigned>(gallery.form.controls().size()), static_cast<unsigned long>(took));
+                static_cast<unsigned>(gallery.form.controls().size()),
+                static_cast<unsigned long>(took));
     return 0;
   }
   Application::instance().runEvent([&] { gallery.form.show(); });

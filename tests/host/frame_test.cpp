@@ -7,6 +7,7 @@
 #include "runtime/application.h"
 #include "tests/host/sim_fixture.h"
 
+#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -42,6 +43,8 @@ protected:
 };
 
 TEST_F(Frame, StartUpShowsTheMainFormOnTabZeroWithItsTitle) {
+  // msdos.sys on c:, where the load routine's boot_drive points.
+  std::ofstream(platform::sim::hostPath("C:\\msdos.sys"), std::ios::binary) << "[Options]\r\n";
   start();
   EXPECT_TRUE(fmain().form.visible());
   EXPECT_FALSE(about().form.visible());

@@ -608,6 +608,52 @@ Image exitPicture() {
   return img;
 }
 
+// --- The slider's knob faces and track ---------------------------------------
+//
+// A knob is 195 x 315 twips (13 x 21 pixels): a raised thumb whose lower end
+// points down at the track, with three grip lines. The disabled face has a
+// grey outline and no grip. The track is 3200 x 105 twips (213 x 7 pixels): a
+// sunken groove.
+
+Image knobFace(bool enabled) {
+  const int w = 13, h = 21;
+  Image img(w, h, pal::silver);
+  const std::vector<Point> outline = {{0, 0},         {w, 0},     {w, h - 6},
+                                      {w / 2 + 1, h}, {w / 2, h}, {0, h - 6}};
+  Mask thumb = img.blankMask();
+  thumb.polygon(outline);
+  img.fill(0, 0, w, h, pal::silver);
+  if (enabled)
+    img.shape(thumb, pal::silver, pal::black, pal::white, pal::gray);
+  else
+    img.shape(thumb, pal::light, pal::gray, pal::white, pal::medium);
+  if (enabled) {
+    for (int y : {5, 8, 11}) {
+      img.fill(3, y, w - 6, 1, pal::gray);
+      img.fill(3, y + 1, w - 6, 1, pal::white);
+    }
+    img.fill(w / 2 - 1, 14, 3, 1, pal::navy);
+  }
+  return img;
+}
+
+Image trackPicture() {
+  const int w = 213, h = 7;
+  Image img(w, h, pal::silver);
+  img.fill(0, 1, w, 5, pal::white);
+  img.fill(0, 1, w - 1, 1, pal::gray);
+  img.fill(0, 1, 1, 5, pal::gray);
+  img.fill(1, 2, w - 2, 1, pal::black);
+  img.fill(1, 2, 1, 3, pal::black);
+  img.fill(2, 3, w - 3, 2, pal::light);
+  img.fill(w - 1, 1, 1, 5, pal::white);
+  img.fill(0, 5, w, 1, pal::white);
+  // A tick under every step of 1024 units (320 twips, 21.3 pixels).
+  for (int step = 0; step <= 10; ++step)
+    img.fill(step * (w - 1) / 10, 6, 1, 1, pal::gray);
+  return img;
+}
+
 } // namespace
 
 std::vector<OutputFile> allFiles() {
@@ -636,6 +682,9 @@ std::vector<OutputFile> allFiles() {
   add("about.bmp", aboutPicture());
   add("exit.bmp", exitPicture());
   add("oemlogo.bmp", oemLogo());
+  add("knob_on.bmp", knobFace(true));
+  add("knob_off.bmp", knobFace(false));
+  add("track.bmp", trackPicture());
   files.push_back({"tweakloom99.ico", encodeIco({emblem(32), emblem(16)}, pal::key)});
   return files;
 }

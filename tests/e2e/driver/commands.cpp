@@ -19,6 +19,8 @@ constexpr Command kCommands[] = {
     {"clicktab", 2, 2, Retried, cmd::clickTab, "NAME INDEX", "click tab INDEX (from 0)"},
     {"type", 2, 2, Retried, cmd::type, "NAME TEXT", "click into NAME, select all, type TEXT"},
     {"key", 1, 1, Once, cmd::key, "KEY", "strike Enter, Esc, Tab, Shift+Tab, Alt+F4, ..."},
+    {"drag", 3, 4, Once, cmd::drag, "NAME DX DY [MS]",
+     "press on NAME's middle, move DX,DY pixels over MS ms, release"},
     {"expect-text", 2, 2, Retried, cmd::expectText, "NAME TEXT", "window text is TEXT"},
     {"expect-check", 2, 2, Retried, cmd::expectCheck, "NAME 0|1|2", "BM_GETCHECK answers so"},
     {"expect-enabled", 2, 2, Retried, cmd::expectEnabled, "NAME 0|1", "IsWindowEnabled"},

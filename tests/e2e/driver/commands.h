@@ -52,6 +52,8 @@ Outcome clickInside(const Args&);
 Outcome clickItem(const Args&);
 Outcome type(const Args&);
 Outcome key(const Args&);
+// cmd_drag.cpp: dragging with the mouse
+Outcome drag(const Args&);
 // cmd_tab.cpp: tab controls
 Outcome clickTab(const Args&);
 Outcome expectTab(const Args&);

@@ -37,12 +37,59 @@ std::string designName(HWND window) {
   return name;
 }
 
-HWND findNamed(const std::string& name) {
+namespace {
+
+// The windows named `name` below `parent`, or among all windows when
+// `parent` is null.
+std::vector<HWND> namedBelow(HWND parent, const std::string& name) {
   Search search{&name, {}};
-  ::EnumWindows(collectTop, reinterpret_cast<LPARAM>(&search));
-  for (HWND window : search.found)
-    if (::IsWindowVisible(window)) return window;
-  return search.found.empty() ? nullptr : search.found.front();
+  if (parent)
+    ::EnumChildWindows(parent, collectChild, reinterpret_cast<LPARAM>(&search));
+  else
+    ::EnumWindows(collectTop, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+int depthOf(HWND window) {
+  int depth = 0;
+  for (HWND w = window; w && (::GetWindowLongA(w, GWL_STYLE) & WS_CHILD); w = ::GetParent(w))
+    ++depth;
+  return depth;
+}
+
+} // namespace
+
+HWND findNamed(const std::string& path) {
+  // "sl/knob(1)": each part is looked for below the windows the one before
+  // it found.
+  std::vector<HWND> found;
+  std::size_t start = 0;
+  bool first = true;
+  while (true) {
+    const std::size_t slash = path.find('/', start);
+    const std::string part = path.substr(start, slash == std::string::npos ? slash : slash - start);
+    std::vector<HWND> next;
+    if (first) {
+      next = namedBelow(nullptr, part);
+    } else {
+      for (HWND parent : found)
+        for (HWND window : namedBelow(parent, part))
+          next.push_back(window);
+    }
+    found = next;
+    first = false;
+    if (slash == std::string::npos || found.empty()) break;
+    start = slash + 1;
+  }
+  // A visible window first; of several, the one nearest its top-level window
+  // (a form's own Picture1 before the one inside a slider on it).
+  HWND best = nullptr;
+  for (HWND window : found) {
+    if (!::IsWindowVisible(window)) continue;
+    if (!best || depthOf(window) < depthOf(best)) best = window;
+  }
+  if (best) return best;
+  return found.empty() ? nullptr : found.front();
 }
 
 LRESULT ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

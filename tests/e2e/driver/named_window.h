@@ -12,8 +12,11 @@ namespace drive {
 std::string designName(HWND window);
 
 // The window with that design name among all top-level windows and their
-// descendants; a visible one is preferred. Null when there is none.
-HWND findNamed(const std::string& name);
+// descendants; a visible one is preferred, and of several the one nearest
+// its top-level window. A path "sl/knob(1)" names a window below another:
+// each part is looked for among the descendants of the windows the part
+// before it found. Null when there is none.
+HWND findNamed(const std::string& path);
 
 // Text of a window of any process (WM_GETTEXT), and its class name.
 std::string windowText(HWND window);
