@@ -418,3 +418,81 @@ TEST_F(Trouble, TheLayoutStandsAtItsDesignPlaces) {
 }
 
 } // namespace
+
+namespace {
+
+const std::string kMetrics = ".DEFAULT\\Control Panel\\Desktop\\WindowMetrics";
+const std::string kDllIcon = "Software\\CLASSES\\dllfile\\DefaultIcon";
+const std::string kCplIcon = "Software\\CLASSES\\cplfile\\DefaultIcon";
+const std::string kBitmapIcon = "Software\\CLASSES\\Paint.Picture\\DefaultIcon";
+
+class IconRows : public Trouble {
+protected:
+  CheckBox& wit() { return *static_cast<CheckBox*>(fmain().form.find("wit")); }
+  CheckBox& icn(int i) {
+    return *static_cast<CheckBox*>(fmain().form.find("icn_desc(" + std::to_string(i) + ")"));
+  }
+};
+
+TEST_F(IconRows, ReadByThisPagesReader) {
+  storeText(platform::kUsers, kMetrics, "IconTitleWrap", "1");
+  storeText(platform::kLocalMachine, kDllIcon, "", "C:\\WINDOWS\\SYSTEM\\shell32.dll,-154");
+  storeText(platform::kLocalMachine, kCplIcon, "", "C:\\WIN98\\SYSTEM\\shell32.dll,-154");
+  storeText(platform::kLocalMachine, kBitmapIcon, "", "%1");
+  start();
+  EXPECT_EQ(1, wit().value());
+  EXPECT_EQ(1, icn(0).value());
+  EXPECT_EQ(0, icn(1).value()); // another Windows directory
+  EXPECT_EQ(1, icn(2).value());
+  EXPECT_FALSE(button("ondAp").enabled());
+  EXPECT_FALSE(button("applyb").enabled());
+}
+
+TEST_F(IconRows, OtherTextsFollowTheirRules) {
+  storeText(platform::kUsers, kMetrics, "IconTitleWrap", "1");
+  storeText(platform::kLocalMachine, kBitmapIcon, "", "%1");
+  start();
+  storeText(platform::kUsers, kMetrics, "IconTitleWrap", "2");
+  storeText(platform::kLocalMachine, kBitmapIcon, "", "C:\\PROGRA~1\\ACCESS~1\\MSPAINT.EXE,1");
+  pressOnTab(4, "ref_ond");
+  EXPECT_EQ(1, wit().value()); // left as it was
+  EXPECT_EQ(1, icn(2).value());
+  storeText(platform::kUsers, kMetrics, "IconTitleWrap", "0");
+  storeText(platform::kLocalMachine, kBitmapIcon, "", "");
+  button("ref_ond").userClick();
+  EXPECT_EQ(0, wit().value());
+  EXPECT_EQ(0, icn(2).value());
+}
+
+TEST_F(IconRows, TickingWitArmsThisPageNotTheDesktopPage) {
+  start();
+  showTab(0);
+  fmain().pages->desktop.SSTab1->userSelectTab(1);
+  wit().userClick();
+  EXPECT_TRUE(button("ondAp").enabled());
+  EXPECT_FALSE(button("applyb").enabled());
+}
+
+TEST_F(IconRows, WrittenByThisPagesApply) {
+  start();
+  icn(0).setValue(1);
+  icn(1).setValue(0);
+  icn(2).setValue(0);
+  wit().setValue(1);
+  pressOnTab(4, "ondAp");
+  EXPECT_EQ("1:3100", stored(platform::kUsers, kMetrics, "IconTitleWrap"));
+  EXPECT_EQ("C:\\WINDOWS\\SYSTEM\\shell32.dll,-154",
+            sysaccess::GetRegValue(sysaccess::HKLM, kDllIcon, ""));
+  EXPECT_EQ("%1", sysaccess::GetRegValue(sysaccess::HKLM, kCplIcon, ""));
+  EXPECT_EQ("1:00", stored(platform::kLocalMachine, kBitmapIcon, ""));
+  EXPECT_EQ(1, icn(0).value());
+  EXPECT_EQ(0, icn(1).value());
+  wit().setValue(0);
+  icn(2).setValue(1);
+  button("ondAp").userClick();
+  EXPECT_EQ("0", sysaccess::GetRegValue(sysaccess::HKU, kMetrics, "IconTitleWrap"));
+  EXPECT_EQ("%1", sysaccess::GetRegValue(sysaccess::HKLM, kBitmapIcon, ""));
+  EXPECT_EQ(1, icn(2).value());
+}
+
+} // namespace
