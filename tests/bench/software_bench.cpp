@@ -21,7 +21,7 @@ constexpr char kDelete[] = "Software\\Microsoft\\Windows\\CurrentVersion\\Uninst
 constexpr int kEntries = 200;
 constexpr int kRemoved = 20;
 constexpr int kFirstRemoved = 50; // of the bench's own entries
-constexpr int kRounds = 3;
+constexpr int kRounds = 7;
 
 std::string keyName(int i) {
   char name[32];
@@ -67,9 +67,8 @@ bool bareEntry(DWORD index, std::string* name, std::string* display) {
   ::RegOpenKeyA(HKEY_LOCAL_MACHINE, (std::string(kWalk) + *name).c_str(), &key);
   char data[2048];
   DWORD size = sizeof data, type = 0;
-  const bool read =
-      ::RegQueryValueExA(key, "DisplayName", nullptr, &type, reinterpret_cast<BYTE*>(data),
-                         &size) == ERROR_SUCCESS;
+  const bool read = ::RegQueryValueExA(key, "DisplayName", nullptr, &type,
+                                       reinterpret_cast<BYTE*>(data), &size) == ERROR_SUCCESS;
   ::RegCloseKey(key);
   *display = read && size > 0 ? std::string(data, size - 1) : "Not Found";
   return found;
@@ -142,9 +141,11 @@ int main() {
       withReaders = std::min(withReaders, seconds(start));
     }
   }
-  std::printf("start-up     frame and pages built %8.1f ms, built and loaded with all ten readers "
-              "%8.1f ms, ratio %.2f\n",
-              1e3 * frameAlone, 1e3 * withReaders, withReaders / frameAlone);
+  // No windows are made here: tools/bench-wine.sh times FMain becoming
+  // visible. These figures split that into the frame and the readers.
+  std::printf("start-up     frame and ten pages built %7.1f ms; built and loaded, all ten readers "
+              "run, %7.1f ms: the readers take %.1f ms\n",
+              1e3 * frameAlone, 1e3 * withReaders, 1e3 * (withReaders - frameAlone));
 
   runtime::Application::instance().reset();
   frame::Program program;
@@ -160,9 +161,10 @@ int main() {
     ours = std::min(ours, seconds(start));
     makeEntries(kFirstRemoved, kFirstRemoved + kRemoved);
   }
-  std::printf("Uninstall    %d more entries listed, %d removed: page %8.1f ms, bare calls %8.1f ms, "
-              "ratio %.3f (target <= 1.20)\n",
-              kEntries, kRemoved, 1e3 * ours, 1e3 * bare, ours / bare);
+  std::printf(
+      "Uninstall    %d more entries listed, %d removed: page %8.1f ms, bare calls %8.1f ms, "
+      "ratio %.3f (target <= 1.20)\n",
+      kEntries, kRemoved, 1e3 * ours, 1e3 * bare, ours / bare);
   dropEntries();
   return 0;
 }
