@@ -245,7 +245,8 @@ Troubleshooting::Troubleshooting(PageHost& host) : host_(host) {
   Label38->setFont(heading);
   Label38->setTransparent(true);
   for (const CheckPlace& place : kCheckPlaces) {
-    dsc.add(form, place.index, page, {place.labelLeft, place.labelTop, 2070, 195})
+    dsc.add(form, place.index, page,
+            {place.labelLeft, place.labelTop, place.boxLeft - place.labelLeft - 30, 195})
         .setCaption(checkOf(place.index).caption);
     CheckBox& indicator =
         dsce.add(form, place.index, page, {place.boxLeft, place.boxTop, 195, 195});
