@@ -10,9 +10,11 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
   runtime::Application::instance().title = "Tweakloom 99";
   frame::Program program;
   runtime::win32::Presenter presenter(instance);
+  // The splash's windows now; the main form's and the exit dialog's when
+  // they first show, so the splash comes up without waiting for them.
   presenter.present(program.frmShape.form);
-  presenter.present(program.fmain.form);
-  presenter.present(program.winExit.form);
+  presenter.presentWhenShown(program.fmain.form);
+  presenter.presentWhenShown(program.winExit.form);
   program.start();
   return presenter.run();
 }

@@ -70,14 +70,6 @@ void setCaptionOf(Control* control, const std::string& caption) {
 
 } // namespace
 
-PictureBox& FMain::button(const std::string& name) const {
-  for (const PageRow& page : kPages) {
-    if (name == page.applyName) return *(pageButtons.*page.apply);
-    if (name == page.refreshName) return *(pageButtons.*page.refresh);
-  }
-  raiseError(kInvalidProcedureCall);
-}
-
 std::string FMain::throughHidden(const Value& value) {
   Hidden_->setText(toText(value));
   return Hidden_->text();

@@ -50,8 +50,6 @@ struct FMain : pages::PageHost, pages::FormFields {
   runtime::ControlArray<runtime::Frame> Frame4{"Frame4"}; // the page frames
   // The Refresh and Apply picture buttons of the ten pages.
   pages::PageButtons pageButtons;
-  // A page button by its design name, for tests and tools.
-  runtime::PictureBox& button(const std::string& name) const;
 
   // Memory Status group of the Boot Options page.
   runtime::Frame* Frame6 = nullptr;
@@ -100,6 +98,7 @@ private:
   void buildFrame();
   void buildPages();
   void connectHandlers();
+  void setKeyboardOrder();
   void pageButtonHover(const PageRow& page, bool overRefresh);
 };
 

@@ -53,6 +53,26 @@ FMain::FMain() {
   buildPages();
   pages = std::make_unique<PageSet>(*this);
   connectHandlers();
+  setKeyboardOrder();
+}
+
+void FMain::setKeyboardOrder() {
+  // The tab strip first (it has the focus when the form shows), then the
+  // controls of the page in front in their own order, then the page's
+  // Refresh and Apply buttons, then the Help, About, Minimise and Exit
+  // buttons. The picture buttons are tab stops: Enter and Space press them.
+  MainTab->setTabIndex(0);
+  const auto last = static_cast<int>(form.tabSequence().size()) - 1;
+  const auto toEnd = [last](PictureBox& button) {
+    button.setTabStop(true);
+    button.setTabIndex(last);
+  };
+  for (const PageRow& page : kPages) {
+    toEnd(*(pageButtons.*page.refresh));
+    toEnd(*(pageButtons.*page.apply));
+  }
+  for (const CornerRow& row : kCorners)
+    toEnd((this->*row.array)(0));
 }
 
 FMain::~FMain() = default;

@@ -3,6 +3,7 @@
 #include "frame/fmain.h"
 #include "frame/regions.h"
 #include "runtime/application.h"
+#include "runtime/basic_math.h"
 
 namespace frame {
 
@@ -27,6 +28,7 @@ void FrmShape::ShapeAboutForm() {
 void FrmShape::Form_Load() {
   auto& app = Application::instance();
   form.centreOnScreen();
+  Randomize();
   ShapeAboutForm();
   form.show();
   // The splash delay: the event queue runs this many times, so a click or a

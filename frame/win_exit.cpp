@@ -32,9 +32,14 @@ WinExit::WinExit() {
   Restart->setCaption("Restart the computer?");
   Logoff->setCaption("Exit Tweakloom");
   Yes->setCaption("&OK");
-  Yes->setDefault(true);
-  No->setCaption("&Cancel");
+  No->setCaption("&Cancel"); // no default button: Enter presses only a focused button
   No->setCancel(true);
+  // The design's tab indexes: the three options, OK, then Cancel at 5.
+  Shutdown->setTabIndex(0);
+  Restart->setTabIndex(1);
+  Logoff->setTabIndex(2);
+  Yes->setTabIndex(3);
+  No->setTabIndex(5);
   Picture1->setPicture({"exit.bmp"});
 
   form.onLoad = [this] { Form_Load(); };

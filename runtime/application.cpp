@@ -7,7 +7,9 @@
 namespace runtime {
 
 namespace {
-constexpr platform::Dword kOkWithStopIcon = 0x10; // MB_OK | MB_ICONHAND
+// MB_OK | MB_ICONHAND | MB_TASKMODAL: with no owner, every window of the
+// program is disabled while the box is up.
+constexpr platform::Dword kFailureBoxType = 0x10 | 0x2000;
 } // namespace
 
 Application& Application::instance() {
@@ -20,7 +22,7 @@ std::string Application::failureText(int number) {
 }
 
 void Application::runEvent(const std::function<void()>& event) {
-  if (ended_) return;
+  if (ended_ || failing_) return;
   if (depth_ > 0) {
     event();
     return;
@@ -42,9 +44,23 @@ void Application::runEvent(const std::function<void()>& event) {
 }
 
 void Application::fail(int number) {
-  if (ended_) return;
-  platform::MessageBoxA(failureText(number).c_str(), title.c_str(), kOkWithStopIcon);
+  if (ended_ || failing_) return;
+  failing_ = true;
+  if (beforeFailureBox) beforeFailureBox();
+  platform::MessageBoxA(failureText(number).c_str(), title.c_str(), kFailureBoxType);
   end();
+}
+
+void Application::setDisplay(const Display& display) {
+  display_ = display;
+  twipsPerPixelX = display.twipsPerPixelX;
+  twipsPerPixelY = display.twipsPerPixelY;
+  screenWidth = display.screenPixelsX * display.twipsPerPixelX;
+  screenHeight = display.screenPixelsY * display.twipsPerPixelY;
+  borderWidth = display.borderPixels * display.twipsPerPixelX;
+  captionHeight = display.captionPixels * display.twipsPerPixelY;
+  for (Form* form : forms_)
+    form->displayChanged();
 }
 
 void Application::end() {
@@ -56,9 +72,13 @@ void Application::end() {
 void Application::reset() {
   depth_ = 0;
   ended_ = false;
+  failing_ = false;
   forms_.clear();
   onEnd = nullptr;
   pumpEvents = nullptr;
+  beforeFailureBox = nullptr;
+  beforeShow = nullptr;
+  setDisplay(Display{});
 }
 
 } // namespace runtime

@@ -4,12 +4,15 @@
 #include "runtime/basic_error.h"
 #include "runtime/form.h"
 
+#include <cctype>
+
 namespace runtime {
 
 Control::Control(Form* form, ControlKind kind, std::string name, int index, Control* container)
     : form_(form), kind_(kind), name_(std::move(name)), index_(index), container_(container) {
   if (container_) container_->children_.push_back(this);
   // Controls that hold the user's text use the window colours.
+  if (kind == ControlKind::PictureBox || kind == ControlKind::UserControlHost) tabStop_ = false;
   switch (kind) {
   case ControlKind::TextBox:
   case ControlKind::ComboBox:
@@ -39,12 +42,42 @@ void Control::setEnabled(bool enabled) {
   if (enabled_ == enabled) return;
   enabled_ = enabled;
   notify(Property::Enabled);
+  if (!enabled) form_->keepFocusUsable();
 }
 
 void Control::setVisible(bool visible) {
   if (visible_ == visible) return;
   visible_ = visible;
   notify(Property::Visible);
+  if (!visible && this != form_) form_->keepFocusUsable();
+}
+
+int Control::tabIndex() const { return form_->tabIndexOf(this); }
+
+void Control::setTabIndex(int index) {
+  if (index < 0 || index > 32767) raiseError(kInvalidPropertyValue);
+  form_->moveInTabOrder(this, index);
+}
+
+char Control::accessKey() const {
+  const std::string* text = nullptr;
+  switch (kind_) {
+  case ControlKind::Label:
+  case ControlKind::CheckBox:
+  case ControlKind::OptionButton:
+  case ControlKind::CommandButton:
+  case ControlKind::Frame: text = &static_cast<const Captioned*>(this)->caption(); break;
+  default: return 0;
+  }
+  for (std::size_t i = 0; i + 1 < text->size(); ++i) {
+    if ((*text)[i] != '&') continue;
+    if ((*text)[i + 1] == '&') {
+      ++i;
+      continue;
+    }
+    return static_cast<char>(std::tolower(static_cast<unsigned char>((*text)[i + 1])));
+  }
+  return 0;
 }
 
 bool Control::shown() const {

@@ -138,6 +138,19 @@ public:
   bool hasFocus() const;
   virtual bool canTakeFocus() const;
 
+  // Keyboard order. TabIndex is the control's place in its form's tab order
+  // (0 first); controls take their places in creation order unless set, and
+  // setting one moves the controls in between by one place, as Basic does.
+  // TabStop says whether Tab stops on the control; a picture box stops only
+  // where the program makes it a button.
+  int tabIndex() const;
+  void setTabIndex(int index);
+  bool tabStop() const { return tabStop_; }
+  void setTabStop(bool stop) { tabStop_ = stop; }
+  // The access key of the caption: the letter after a single "&" (lower
+  // case), or 0 when the caption has none. "&&" is an ampersand.
+  char accessKey() const;
+
   // Mouse events every visible control reports: button, shift, x, y (twips).
   std::function<void(int, int, float, float)> onMouseMove;
   std::function<void()> onClick;
@@ -174,6 +187,7 @@ private:
   Bounds bounds_;
   bool enabled_ = true;
   bool visible_ = true;
+  bool tabStop_ = true;
   std::uint32_t backColor_ = kButtonFace;
   std::uint32_t foreColor_ = kButtonText;
   Font font_;

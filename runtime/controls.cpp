@@ -4,17 +4,18 @@
 #include "runtime/application.h"
 #include "runtime/basic_error.h"
 #include "runtime/form.h"
+#include "runtime/text_functions.h"
 
 #include <algorithm>
 #include <cctype>
+#include <unordered_set>
+#include <utility>
 
 namespace runtime {
 
 namespace {
 
 void runUserEvent(const std::function<void()>& event) { Application::instance().runEvent(event); }
-
-std::string cutAtNul(const std::string& text) { return text.substr(0, text.find('\0')); }
 
 } // namespace
 
@@ -72,6 +73,13 @@ int TextBox::userFilterKey(int keyAscii) {
     if (key != 0 && onKeyPress) onKeyPress(key);
   });
   return Application::instance().ended() ? 0 : key;
+}
+
+void TextBox::userKeyUp(int keyCode, int shift) {
+  if (!takesUserInput()) return;
+  runUserEvent([&] {
+    if (onKeyUp) onKeyUp(keyCode, shift);
+  });
 }
 
 void TextBox::userSetText(const std::string& text) {
@@ -264,7 +272,10 @@ void FileListBox::setPattern(const std::string& pattern) {
 }
 
 void FileListBox::refresh() {
-  std::vector<std::string> names;
+  // Names are compared without regard to case; each name is listed once even
+  // when several patterns match it.
+  std::vector<std::pair<std::string, std::string>> found; // lower-case key, name
+  std::unordered_set<std::string> seen;
   const std::string base = path_.back() == '\\' ? path_ : path_ + "\\";
   std::size_t start = 0;
   while (start <= pattern_.size()) {
@@ -272,16 +283,18 @@ void FileListBox::refresh() {
     const std::string one = pattern_.substr(start, end - start);
     start = end + 1;
     if (one.empty()) continue;
-    for (const auto& entry : platform::FindFiles((base + one).c_str())) {
+    for (auto& entry : platform::FindFiles((base + one).c_str())) {
       constexpr auto kHiddenOrSystem = platform::kAttributeHidden | platform::kAttributeSystem;
       if (entry.attributes & (platform::kAttributeDirectory | kHiddenOrSystem)) continue;
-      if (std::find(names.begin(), names.end(), entry.name) == names.end())
-        names.push_back(entry.name);
+      if (!seen.insert(entry.name).second) continue;
+      found.emplace_back(lower(entry.name), std::move(entry.name));
     }
   }
-  std::sort(names.begin(), names.end(),
-            [](const std::string& a, const std::string& b) { return lower(a) < lower(b); });
-  items_ = names;
+  std::sort(found.begin(), found.end());
+  items_.clear();
+  items_.reserve(found.size());
+  for (auto& [key, name] : found)
+    items_.push_back(std::move(name));
   listIndex_ = -1;
   notify(Property::List);
 }
@@ -294,6 +307,8 @@ void Timer::setInterval(int milliseconds) {
   interval_ = milliseconds;
   notify(Property::Timer);
 }
+
+bool Timer::running() const { return enabled() && interval_ > 0 && form().running(); }
 
 void Timer::tick() {
   if (!running()) return;
@@ -328,6 +343,7 @@ void TabStrip::setTab(int tab) {
   previousTab_ = tab_;
   tab_ = tab;
   notify(Property::Tab);
+  form().keepFocusUsable();
   fire(onClick);
 }
 

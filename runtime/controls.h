@@ -54,6 +54,9 @@ public:
   std::function<void()> onChange;
   // KeyPress gets each typed character's code and may change it; 0 drops it.
   std::function<void(int&)> onKeyPress;
+  // KeyUp gets the released key's code and the shift state (1 Shift, 2 Ctrl,
+  // 4 Alt).
+  std::function<void(int, int)> onKeyUp;
 
   // The user types characters at the end of the text (8 is Backspace), each
   // going through KeyPress first.
@@ -63,6 +66,8 @@ public:
   // A key the user types, through the form's KeyPress (with KeyPreview) and
   // this box's KeyPress: the key to insert, or 0 to drop it.
   int userFilterKey(int keyAscii);
+  // The user releases a key while the box has the focus.
+  void userKeyUp(int keyCode, int shift);
 
 private:
   std::string text_;
@@ -113,12 +118,13 @@ private:
 };
 
 // A picture box or an image: shows a picture and reports clicks and moves.
+// A picture box takes the focus where it is a tab stop (a picture button);
+// Enter and Space then click it.
 class PictureBox : public Control {
 public:
   using Control::Control;
   const Picture& picture() const { return picture_; }
   void setPicture(const Picture& picture);
-  bool canTakeFocus() const override { return false; }
 
 private:
   Picture picture_;
@@ -127,6 +133,7 @@ private:
 class Image : public PictureBox {
 public:
   using PictureBox::PictureBox;
+  bool canTakeFocus() const override { return false; }
 };
 
 // A straight line between two corners of its bounds: horizontal when it has
@@ -222,7 +229,10 @@ public:
   using Control::Control;
   int interval() const { return interval_; } // milliseconds, 0 stops it
   void setInterval(int milliseconds);
-  bool running() const { return enabled() && interval_ > 0; }
+  // Enabled, with an interval, on a form whose Load event has run.
+  bool running() const;
+  // The form's running state changed.
+  void formStateChanged() { notify(Property::Timer); }
   std::function<void()> onTimer;
   // One tick, as the presentation's clock delivers it.
   void tick();

@@ -21,17 +21,29 @@ struct RegionShape {
   bool operator==(const RegionShape&) const = default;
 };
 
-// A window region: CombineRgn(result, first, second, mode) of two shapes
-// (mode 1 AND, 2 OR, 3 XOR, 4 DIFF), or the first shape alone (mode 0).
+// A window region: CombineRgn(result, source1, source2, mode) of two shapes
+// (mode 1 AND, 2 OR, 3 XOR, 4 DIFF), or source1 alone (mode 0).
 struct WindowRegion {
-  RegionShape first;
-  RegionShape second;
+  RegionShape source1;
+  RegionShape source2;
   int combineMode = 0;
   bool operator==(const WindowRegion&) const = default;
 };
 
+// Key codes of the keys the forms answer.
+inline constexpr int kVbKeyBack = 8;
+inline constexpr int kVbKeyTab = 9;
 inline constexpr int kVbKeyReturn = 13;
 inline constexpr int kVbKeyEscape = 27;
+inline constexpr int kVbKeySpace = 32;
+inline constexpr int kVbKeyLeft = 37;
+inline constexpr int kVbKeyUp = 38;
+inline constexpr int kVbKeyRight = 39;
+inline constexpr int kVbKeyDown = 40;
+// Shift states of key events.
+inline constexpr int kShiftMask = 1;
+inline constexpr int kCtrlMask = 2;
+inline constexpr int kAltMask = 4;
 
 class Form : public Control {
 public:
@@ -54,8 +66,13 @@ public:
   const std::string& caption() const { return caption_; }
   void setCaption(const std::string& caption);
   // Sizes the form so that its client area has this size in twips; Width and
-  // Height then include the border and caption.
+  // Height then include the border and caption as the display gives them,
+  // and follow the display when it is read again.
   void setClientSize(int width, int height);
+  int clientWidth() const { return clientWidth_; }
+  int clientHeight() const { return clientHeight_; }
+  // The display's figures changed (application.h).
+  void displayChanged();
   // Moves the form to the middle of the screen: (screen - form) \ 2 each way.
   void centreOnScreen();
   int windowState() const { return windowState_; } // 0 normal, 1 minimised
@@ -66,6 +83,8 @@ public:
   void setPicture(const Picture& picture);
 
   bool loaded() const { return loaded_; }
+  // Loaded, and its Load event has run: from then on its timers tick.
+  bool running() const { return loaded_ && loadRun_; }
   // Loads the form (running Load once) if it isn't loaded.
   void load();
   // Loads the form if needed and makes it visible.
@@ -74,6 +93,17 @@ public:
   void unload();
 
   Control* activeControl() const { return active_; }
+
+  // Every control in tab index order.
+  const std::vector<Control*>& tabSequence() const { return tabSequence_; }
+  // The controls Tab stops on now, in order: those that can take the focus,
+  // are tab stops, take user input and lie inside the client area; of a
+  // group of option buttons only the selected one (the first when none is).
+  std::vector<Control*> tabStops() const;
+  // The default button (Enter) and the cancel button (Esc), when the design
+  // has one that takes input now.
+  CommandButton* defaultButton() const;
+  CommandButton* cancelButton() const;
 
   std::function<void()> onLoad;
   std::function<void()> onPaint;
@@ -89,24 +119,60 @@ public:
   // Input from the presentation.
   void userPaint();
   // A key typed while the form is active: KeyPress (with KeyPreview), then
-  // Enter presses the default button and Esc the cancel button.
-  void userKey(int keyAscii);
+  // Enter presses the command or picture button that has the focus, else the
+  // default button; Esc presses the cancel button. False when nothing took
+  // an Enter or Esc.
+  bool userKey(int keyAscii);
   // A key pressed while the form itself has the focus.
   void userKeyDown(int keyCode, int shift);
+  // The keys of a dialog, with the focus on a control of this form: Tab and
+  // Shift+Tab move through the tab stops; Ctrl+Tab and Ctrl+Shift+Tab turn
+  // the tab strip (the one holding the focus, else the form's first shown
+  // one) to its next or previous tab; Space presses the focused button or
+  // turns its check box over; the arrow keys move through the option buttons
+  // of the focused one's group and select the one they reach. True when the
+  // key was used.
+  bool userNavigationKey(int keyCode, int shift);
+  // Alt+letter, or a letter typed on a control that takes no text: the next
+  // control after the focus whose caption has that access key acts. A label
+  // or frame sends the focus to the next tab stop after it; a check box or
+  // option button takes the focus and is clicked; a command button is
+  // pressed. True when a control had the key.
+  bool userAccessKey(char letter);
+  // The presentation saw the focus move to this control (a click on it).
+  void userFocused(Control* control);
+  // Moves the focus on when the control that has it can no longer take it
+  // (disabled, hidden, or on a tab that went to the back).
+  void keepFocusUsable();
+  // The presentation saw the form's size or window state change.
+  void userResized(int width, int height);
 
 private:
   friend class Control;
   template <class T> static ControlKind kindOf();
   void adopt(std::unique_ptr<Control> control, Bounds bounds);
   void focus(Control* control);
+  int tabIndexOf(const Control* control) const;
+  void moveInTabOrder(Control* control, int index);
+  bool onClientArea(const Control& control) const;
+  Control* nextTabStop(const Control* from, bool backwards) const;
+  bool moveInOptionGroup(OptionButton& from, bool backwards);
+  bool turnTabStrip(bool backwards);
+  void fireResize();
+  void startTimers();
 
   std::vector<std::unique_ptr<Control>> controls_;
+  std::vector<Control*> tabSequence_;
   std::string caption_;
+  int clientWidth_ = 0;
+  int clientHeight_ = 0;
+  bool resizeAfterShow_ = true;
   int windowState_ = 0;
   bool hasRegion_ = false;
   WindowRegion region_;
   Picture picture_;
   bool loaded_ = false;
+  bool loadRun_ = false;
   Control* active_ = nullptr;
 };
 

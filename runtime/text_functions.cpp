@@ -41,4 +41,6 @@ Value add(const Value& left, const Value& right) {
   return toDouble(left) + toDouble(right);
 }
 
+std::string cutAtNul(std::string_view text) { return std::string(text.substr(0, text.find('\0'))); }
+
 } // namespace runtime

@@ -21,6 +21,10 @@ std::string Mid(std::string_view text, std::int64_t start, std::int64_t length);
 std::int64_t InStr(std::int64_t start, std::string_view text, std::string_view search);
 // LTrim: the text without its leading blanks (spaces only).
 std::string LTrim(std::string_view text);
+// What a text box keeps of a text: everything before its first NUL, which a
+// text box can't hold. The program's text normaliser (FMain's Hidden box)
+// rests on this.
+std::string cutAtNul(std::string_view text);
 
 // The Basic "+" operator: two texts join, Empty takes the other side's value,
 // anything else adds as numbers (a text that isn't a number raises 13).

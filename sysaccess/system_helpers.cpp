@@ -22,11 +22,6 @@ std::string GetWinDir() {
   return runtime::LTrim(buffer);
 }
 
-std::string passThroughHidden(const runtime::Value& value) {
-  const std::string text = runtime::toText(value);
-  return text.substr(0, text.find('\0'));
-}
-
 std::string TempPath() {
   std::string buffer(50, '\0');
   const auto length =

@@ -14,13 +14,9 @@ std::string GetFromINI(const std::string& sectionHeader, const std::string& varN
                        const std::string& fileName);
 
 // The Windows directory in a 256-character buffer: the path, its NUL and the
-// blanks behind it, leading blanks removed. Pass it through
-// passThroughHidden() before use.
+// blanks behind it, leading blanks removed. The main form passes it through
+// its Hidden text box before use.
 std::string GetWinDir();
-
-// The program's text normaliser (the hidden text box of the main form): the
-// value as text, cut at its first NUL, which a text box can't hold.
-std::string passThroughHidden(const runtime::Value& value);
 
 // The folder for temporary files with its trailing backslash.
 std::string TempPath();

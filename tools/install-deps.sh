@@ -1,14 +1,16 @@
 #!/usr/bin/env bash
 # Installs everything the build and the tests need on a Debian 12 machine:
 # host compilers and GoogleTest, the MinGW-w64 cross compiler, 32-bit Wine,
-# Xvfb and ImageMagick for screenshots. Idempotent: a second run only checks.
+# Xvfb and ImageMagick for screenshots, the help compiler (chmcmd of fp-utils),
+# NSIS for the installer and zip for the release package. Idempotent: a second run only checks.
 set -euo pipefail
 
 need=()
 have() { dpkg-query -W -f='${Status}' "$1" 2>/dev/null | grep -q 'install ok installed'; }
 
 host_pkgs=(build-essential cmake ninja-build googletest libgtest-dev clang-format
-  g++-mingw-w64-i686 binutils-mingw-w64-i686 xvfb x11-utils imagemagick xdotool file fonts-wine)
+  g++-mingw-w64-i686 binutils-mingw-w64-i686 xvfb x11-utils imagemagick xdotool file fonts-wine
+  fp-utils nsis zip unzip)
 for p in "${host_pkgs[@]}"; do have "$p" || need+=("$p"); done
 have wine32:i386 || need+=(wine32:i386)
 have wine || need+=(wine)

@@ -56,6 +56,11 @@ for link in "$prefix"/dosdevices/[d-h]:; do
 done
 rm -rf "$prefix/tl99-drives"
 chmod u+w "$drive_c/MSDOS.SYS" 2>/dev/null || true
+# What an installed or unpacked Tweakloom 99 left (the registry comes back
+# above): the program's folders, its shortcut, the uninstaller's temporary
+# folders.
+rm -rf "$drive_c/Program Files/Tweakloom 99" "$drive_c/TL99ZIP" "$drive_c"/users/*/Temp/~nsu*.tmp \
+  "$drive_c"/users/*/AppData/Roaming/Microsoft/Windows/"Start Menu"/Programs/"Tweakloom 99.lnk"
 cp -r "$env_dir/drive_c/." "$drive_c/"
 # The fonts a Windows 98 has in its Fonts folder for dialogs and window
 # captions: MS Sans Serif and Marlett, from Wine's font package.

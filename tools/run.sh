@@ -8,14 +8,14 @@ root=$PWD
 tools/install-deps.sh
 cmake -S . -B build/win32 -G Ninja -DCMAKE_BUILD_TYPE=Release \
   -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-i686-win32.cmake >/dev/null
-cmake --build build/win32 --target tweakloom99
+cmake --build build/win32 --target tweakloom99 tl99_help
 prefix=$root/build/wine98
 tools/make-win98-prefix.sh "$prefix"
 . tools/wine-user.sh
 export WINEPREFIX=$prefix
 install_dir="$prefix/drive_c/Program Files/Tweakloom 99"
 mkdir -p "$install_dir"
-cp "build/win32/app/Tweakloom 99.exe" "$install_dir/"
+cp "build/win32/app/Tweakloom 99.exe" "build/win32/app/Tweakloom 99.chm" "$install_dir/"
 [ -d resources/side ] && cp resources/side/* "$install_dir/"
 cp resources/images/oemlogo.bmp "$install_dir/Tweakloom 99.bmp"
 [ "$(id -u)" -eq 0 ] && chown -R "$TL99_WINE_USER" "$install_dir"

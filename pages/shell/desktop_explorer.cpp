@@ -18,11 +18,11 @@ using sysaccess::HKCR;
 using sysaccess::HKCU;
 using sysaccess::HKLM;
 using sysaccess::HKU;
+using sysaccess::kNotFound;
 namespace tw = tweak;
 
 namespace {
 
-constexpr char kNotFound[] = "Not Found";
 // The default profile's window metrics: icon size and spacing, animation.
 constexpr char kWM[] = ".DEFAULT\\Control Panel\\Desktop\\WindowMetrics";
 // The small d is kept where the values are written.

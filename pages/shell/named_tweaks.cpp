@@ -10,10 +10,9 @@ using sysaccess::HKCR;
 using sysaccess::HKCU;
 using sysaccess::HKLM;
 using sysaccess::HKU;
+using sysaccess::kNotFound;
 
 namespace {
-
-constexpr char kNotFound[] = "Not Found";
 
 // Longer key paths that only one row uses.
 constexpr char kSound[] = ".DEFAULT\\Control Panel\\Sound";

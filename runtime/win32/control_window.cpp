@@ -10,14 +10,27 @@
 #include <commctrl.h>
 
 #include <string>
+#include <unordered_map>
 
 namespace runtime::win32 {
 
 namespace {
 
-constexpr char kViewProperty[] = "TL99.View";
+// The view of each window of the program, found without asking the system
+// (a window property costs a trip to the window server under Wine, and every
+// message of our windows needs its view).
+std::unordered_map<HWND, ControlWindow*>& views() {
+  static std::unordered_map<HWND, ControlWindow*> all;
+  return all;
+}
 constexpr int kCheckMarkWidth = 16; // pixels of a check-mark list's box column
 constexpr int kComboDropHeight = 160;
+
+// WM_CHANGEUISTATE and its flags (declared for Windows 2000 on; Windows 98
+// has no such message and passes it by).
+constexpr UINT kChangeUiState = 0x0127;
+constexpr WORD kUisClear = 2;
+constexpr WORD kUisfHideAll = 0x1 | 0x2; // UISF_HIDEFOCUS | UISF_HIDEACCEL
 
 struct WindowKind {
   const char* className;
@@ -28,9 +41,7 @@ struct WindowKind {
 WindowKind windowKindOf(const Control& control) {
   constexpr DWORD child = WS_CHILD | WS_CLIPSIBLINGS;
   switch (control.kind()) {
-  case ControlKind::Form:
-    return {"TL99Form", WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN,
-            0};
+  case ControlKind::Form: return {"TL99Form", kFormStyle, 0};
   case ControlKind::Label:
     return {"TL99Label", child,
             static_cast<const Label&>(control).transparent() ? DWORD{WS_EX_TRANSPARENT} : 0};
@@ -125,14 +136,20 @@ ControlWindow::ControlWindow(Presenter& presenter, Control& control, HWND parent
 
 ControlWindow::~ControlWindow() {
   control_.attachView(nullptr);
-  if (hwnd_ && ::IsWindow(hwnd_)) {
-    if (originalProc_) ::SetWindowLongA(hwnd_, GWL_WNDPROC, reinterpret_cast<LONG>(originalProc_));
-    ::RemovePropA(hwnd_, kViewProperty);
-  }
+  if (hwnd_ && ::IsWindow(hwnd_) && originalProc_)
+    ::SetWindowLongA(hwnd_, GWL_WNDPROC, reinterpret_cast<LONG>(originalProc_));
+  if (const auto found = views().find(hwnd_); found != views().end() && found->second == this)
+    views().erase(found);
 }
 
 ControlWindow* ControlWindow::of(HWND window) {
-  return static_cast<ControlWindow*>(::GetPropA(window, kViewProperty));
+  const auto found = views().find(window);
+  return found == views().end() ? nullptr : found->second;
+}
+
+void ControlWindow::bind(HWND window) {
+  if (!hwnd_) hwnd_ = window;
+  views()[window] = this;
 }
 
 void ControlWindow::create(HWND parent) {
@@ -147,7 +164,7 @@ void ControlWindow::create(HWND parent) {
                             presenter_.instance(), own ? this : nullptr);
   if (!hwnd_) return;
   if (!own) {
-    ::SetPropA(hwnd_, kViewProperty, this);
+    bind(hwnd_);
     originalProc_ = reinterpret_cast<WNDPROC>(
         ::SetWindowLongA(hwnd_, GWL_WNDPROC, reinterpret_cast<LONG>(&Presenter::windowProc)));
   }
@@ -170,9 +187,33 @@ void ControlWindow::applyAll() {
   applyTabs();
   applyRange();
   applyValue();
+  applyRegion();
   ::EnableWindow(hwnd_, control_.enabled());
   updating_ = false;
   applyVisibility();
+}
+
+void ControlWindow::applyRegion() {
+  if (!hwnd_ || control_.kind() != ControlKind::Form) return;
+  if (const WindowRegion* wanted = static_cast<Form&>(control_).region()) {
+    auto shape = [](const RegionShape& s) {
+      return Region(s.kind == RegionShape::Kind::Rect
+                        ? ::CreateRectRgn(s.left, s.top, s.right, s.bottom)
+                        : ::CreateRoundRectRgn(s.left, s.top, s.right, s.bottom, s.cornerWidth,
+                                               s.cornerHeight));
+    };
+    Region source1 = shape(wanted->source1);
+    Region result;
+    if (wanted->combineMode == 0) {
+      result = std::move(source1);
+    } else {
+      Region source2 = shape(wanted->source2);
+      result.reset(::CreateRectRgn(0, 0, 0, 0));
+      ::CombineRgn(result.get(), source1.get(), source2.get(), wanted->combineMode);
+    }
+    // The window owns the region once SetWindowRgn succeeds.
+    if (::SetWindowRgn(hwnd_, result.get(), TRUE)) result.release();
+  }
 }
 
 POINT ControlWindow::childOrigin() const { return POINT{0, 0}; }
@@ -182,22 +223,22 @@ void ControlWindow::applyGeometry() {
   Bounds b = control_.bounds();
   if (control_.kind() == ControlKind::Line) {
     // An etched line is two pixels across.
-    if (b.width == 0) b.width = 2 * kTwipsPerPixel;
-    if (b.height == 0) b.height = 2 * kTwipsPerPixel;
+    if (b.width == 0) b.width = 2 * Application::instance().twipsPerPixelX;
+    if (b.height == 0) b.height = 2 * Application::instance().twipsPerPixelY;
   }
   if (control_.kind() == ControlKind::Form) {
-    ::SetWindowPos(hwnd_, nullptr, toPixels(b.left), toPixels(b.top), toPixels(b.width),
-                   toPixels(b.height), SWP_NOZORDER | SWP_NOACTIVATE);
+    ::SetWindowPos(hwnd_, nullptr, toPixelsX(b.left), toPixelsY(b.top), toPixelsX(b.width),
+                   toPixelsY(b.height), SWP_NOZORDER | SWP_NOACTIVATE);
     return;
   }
   POINT origin{0, 0};
   if (Control* container = control_.container())
     if (auto* parent = static_cast<ControlWindow*>(container->view()))
       origin = parent->childOrigin();
-  int height = toPixels(b.height);
+  int height = toPixelsY(b.height);
   if (control_.kind() == ControlKind::ComboBox) height += kComboDropHeight;
-  ::SetWindowPos(hwnd_, nullptr, origin.x + toPixels(b.left), origin.y + toPixels(b.top),
-                 toPixels(b.width), height, SWP_NOZORDER | SWP_NOACTIVATE);
+  ::SetWindowPos(hwnd_, nullptr, origin.x + toPixelsX(b.left), origin.y + toPixelsY(b.top),
+                 toPixelsX(b.width), height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void ControlWindow::applyVisibility() {
@@ -209,7 +250,12 @@ void ControlWindow::applyVisibility() {
   if (control_.kind() == ControlKind::Form) {
     const auto& form = static_cast<Form&>(control_);
     ::ShowWindow(hwnd_, !visible ? SW_HIDE : form.windowState() == 1 ? SW_MINIMIZE : SW_SHOW);
-    if (visible) ::UpdateWindow(hwnd_);
+    if (visible) {
+      // The focus rectangle and the access-key underlines always show, as on
+      // Windows 98 (later systems hide them until a key is used).
+      ::SendMessageA(hwnd_, kChangeUiState, MAKEWPARAM(kUisClear, kUisfHideAll), 0);
+      ::UpdateWindow(hwnd_);
+    }
     return;
   }
   ::ShowWindow(hwnd_, visible ? SW_SHOWNA : SW_HIDE);
@@ -247,6 +293,16 @@ void ControlWindow::applyValue() {
     ::SendMessageA(hwnd_, BM_SETCHECK,
                    static_cast<OptionButton&>(control_).value() ? BST_CHECKED : BST_UNCHECKED, 0);
     break;
+  default: break;
+  }
+  switch (control_.kind()) {
+  case ControlKind::CheckBox:
+  case ControlKind::OptionButton:
+    // Wine redraws only the box on a new check state, and draws the focus
+    // rectangle again over the one there, which wipes it out: the whole
+    // button is drawn again so that the focus shows.
+    if (::GetFocus() == hwnd_) ::InvalidateRect(hwnd_, nullptr, TRUE);
+    break;
   case ControlKind::ComboBox:
     ::SendMessageA(hwnd_, CB_SETCURSEL,
                    static_cast<WPARAM>(static_cast<ListControl&>(control_).listIndex()), 0);
@@ -274,26 +330,43 @@ void ControlWindow::applyList() {
                   control_.kind() == ControlKind::FileListBox))
     return;
   auto& list = static_cast<ListControl&>(control_);
-  const std::size_t count = static_cast<std::size_t>(list.listCount());
-  // Entries in front that the window already shows stay; the rest is taken
-  // away and added anew.
+  const int count = list.listCount();
+  // Entries only added at the end (a list filled one entry at a time) go in
+  // one by one; any other change lists the whole list anew.
   std::size_t same = 0;
-  while (same < count && same < shownItems_.size() &&
+  while (same < static_cast<std::size_t>(count) && same < shownItems_.size() &&
          shownItems_[same] == list.list(static_cast<int>(same)))
     ++same;
-  if (same == 0) {
-    ::SendMessageA(hwnd_, combo ? CB_RESETCONTENT : LB_RESETCONTENT, 0, 0);
-  } else {
-    for (std::size_t i = shownItems_.size(); i > same; --i)
-      ::SendMessageA(hwnd_, combo ? CB_DELETESTRING : LB_DELETESTRING, i - 1, 0);
+  const UINT add = combo ? CB_ADDSTRING : LB_ADDSTRING;
+  if (same > 0 && same == shownItems_.size()) {
+    for (int i = static_cast<int>(same); i < count; ++i) {
+      shownItems_.push_back(list.list(i));
+      callOriginal(add, 0, reinterpret_cast<LPARAM>(shownItems_.back().c_str()));
+    }
+    applyValue();
+    return;
   }
-  shownItems_.resize(same);
-  for (std::size_t i = same; i < count; ++i) {
-    shownItems_.push_back(list.list(static_cast<int>(i)));
-    ::SendMessageA(hwnd_, combo ? CB_ADDSTRING : LB_ADDSTRING, 0,
-                   reinterpret_cast<LPARAM>(shownItems_.back().c_str()));
+  // The whole list goes in with the drawing off and the storage reserved at
+  // once, then shows in one repaint: a folder of thousands of files is
+  // listed without a repaint or a reallocation per item.
+  ::SendMessageA(hwnd_, WM_SETREDRAW, FALSE, 0);
+  ::SendMessageA(hwnd_, combo ? CB_RESETCONTENT : LB_RESETCONTENT, 0, 0);
+  shownItems_.clear();
+  if (count > 0) {
+    std::size_t bytes = 0;
+    for (int i = 0; i < count; ++i)
+      bytes += list.list(i).size() + 1;
+    ::SendMessageA(hwnd_, combo ? CB_INITSTORAGE : LB_INITSTORAGE, static_cast<WPARAM>(count),
+                   static_cast<LPARAM>(bytes));
+  }
+  // Straight to the list's own procedure: the items need nothing of ours.
+  for (int i = 0; i < count; ++i) {
+    shownItems_.push_back(list.list(i));
+    callOriginal(add, 0, reinterpret_cast<LPARAM>(shownItems_.back().c_str()));
   }
   applyValue();
+  ::SendMessageA(hwnd_, WM_SETREDRAW, TRUE, 0);
+  ::InvalidateRect(hwnd_, nullptr, TRUE);
 }
 
 void ControlWindow::applyTabs() {
@@ -316,7 +389,7 @@ void ControlWindow::applyTabs() {
     ::SendMessageA(hwnd_, TCM_SETITEMSIZE, 0, MAKELPARAM(40, 44));
   } else {
     const int width = (client.right - client.left) / tabs.tabsPerRow() - 1;
-    const int height = tabs.tabHeight() > 0 ? toPixels(tabs.tabHeight()) : 0;
+    const int height = tabs.tabHeight() > 0 ? toPixelsY(tabs.tabHeight()) : 0;
     ::SendMessageA(hwnd_, TCM_SETITEMSIZE, 0, MAKELPARAM(width, height));
   }
   ::SendMessageA(hwnd_, TCM_SETCURSEL, static_cast<WPARAM>(tabs.tab()), 0);
@@ -360,30 +433,19 @@ void ControlWindow::changed(Property property) {
     ::SendMessageA(hwnd_, WM_SETFONT, reinterpret_cast<WPARAM>(presenter_.font(control_.font())),
                    TRUE);
     break;
-  case Property::Focus:
-    if (control_.hasFocus()) ::SetFocus(hwnd_);
-    break;
-  case Property::Region:
-    if (const WindowRegion* wanted = static_cast<Form&>(control_).region()) {
-      auto shape = [](const RegionShape& s) {
-        return Region(s.kind == RegionShape::Kind::Rect
-                          ? ::CreateRectRgn(s.left, s.top, s.right, s.bottom)
-                          : ::CreateRoundRectRgn(s.left, s.top, s.right, s.bottom, s.cornerWidth,
-                                                 s.cornerHeight));
-      };
-      Region first = shape(wanted->first);
-      Region result;
-      if (wanted->combineMode == 0) {
-        result = std::move(first);
-      } else {
-        Region second = shape(wanted->second);
-        result.reset(::CreateRectRgn(0, 0, 0, 0));
-        ::CombineRgn(result.get(), first.get(), second.get(), wanted->combineMode);
-      }
-      // The window owns the region once SetWindowRgn succeeds.
-      if (::SetWindowRgn(hwnd_, result.get(), TRUE)) result.release();
+  case Property::Focus: {
+    // The system gives the focus only in a form that is on the screen; the
+    // form hands it on when it is shown or activated (WM_SETFOCUS below).
+    auto* form = static_cast<ControlWindow*>(control_.form().view());
+    if (control_.hasFocus() && form && ::IsWindowVisible(form->hwnd()) && ::GetFocus() != hwnd_) {
+      ::SetFocus(hwnd_);
+      // Tabbing into a text box selects its text, as in a dialog.
+      if (control_.kind() == ControlKind::TextBox) ::SendMessageA(hwnd_, EM_SETSEL, 0, -1);
     }
+    if (isOwnClass(control_)) ::InvalidateRect(hwnd_, nullptr, TRUE);
     break;
+  }
+  case Property::Region: applyRegion(); break;
   case Property::ItemCheck:
   case Property::Picture:
   case Property::Colors:
@@ -408,8 +470,8 @@ LRESULT ControlWindow::callOriginal(UINT message, WPARAM wParam, LPARAM lParam) 
 }
 
 void ControlWindow::mouseEvent(UINT message, WPARAM wParam, LPARAM lParam) {
-  const float x = toTwips(static_cast<short>(LOWORD(lParam)));
-  const float y = toTwips(static_cast<short>(HIWORD(lParam)));
+  const float x = toTwipsX(static_cast<short>(LOWORD(lParam)));
+  const float y = toTwipsY(static_cast<short>(HIWORD(lParam)));
   const int button = mouseButtons(wParam);
   const int shift = shiftState(wParam);
   const bool host = control_.kind() == ControlKind::UserControlHost;
@@ -472,7 +534,17 @@ void ControlWindow::paint() {
   switch (control_.kind()) {
   case ControlKind::Form: drawPicture(static_cast<Form&>(control_).picture(), 0, 0); break;
   case ControlKind::PictureBox:
-  case ControlKind::Image: drawPicture(static_cast<PictureBox&>(control_).picture(), 0, 0); break;
+  case ControlKind::Image:
+    drawPicture(static_cast<PictureBox&>(control_).picture(), 0, 0);
+    // A picture button with the focus shows the system's focus rectangle.
+    if (control_.hasFocus() && ::GetFocus() == hwnd_) {
+      RECT focus = client;
+      ::InflateRect(&focus, -3, -3);
+      ::SetTextColor(dc, RGB(0, 0, 0));
+      ::SetBkColor(dc, RGB(255, 255, 255));
+      ::DrawFocusRect(dc, &focus);
+    }
+    break;
   case ControlKind::Label: {
     const auto& label = static_cast<Label&>(control_);
     const UINT align = label.alignment() == 1   ? DT_RIGHT
@@ -509,8 +581,8 @@ void ControlWindow::paint() {
     auto* behavior = static_cast<UserControlHost&>(control_).behavior();
     if (!behavior) break;
     for (const DrawStep& step : behavior->draw()) {
-      RECT rect{toPixels(step.left), toPixels(step.top), toPixels(step.right),
-                toPixels(step.bottom)};
+      RECT rect{toPixelsX(step.left), toPixelsY(step.top), toPixelsX(step.right),
+                toPixelsY(step.bottom)};
       switch (step.kind) {
       case DrawStep::Kind::FillRect: fillWith(dc, rect, presenter_.brush(step.color)); break;
       case DrawStep::Kind::Line: {
@@ -634,6 +706,36 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool& 
   switch (message) {
   case WM_NCDESTROY:
     name_.reset(); // the design name's atom goes with the window
+    views().erase(hwnd_);
+    break;
+  case WM_SETFOCUS:
+    if (control_.kind() == ControlKind::Form) {
+      // The form hands the focus on to its control that had it last, as a
+      // dialog does when it is activated again.
+      auto& form = static_cast<Form&>(control_);
+      if (Control* active = form.activeControl(); active && active->takesUserInput())
+        if (auto* view = static_cast<ControlWindow*>(active->view()); view && view->hwnd()) {
+          ::SetFocus(view->hwnd());
+          handled = true;
+          return 0;
+        }
+      break;
+    }
+    control_.form().userFocused(&control_);
+    if (own) ::InvalidateRect(hwnd_, nullptr, TRUE);
+    break;
+  case WM_KILLFOCUS:
+    if (own) ::InvalidateRect(hwnd_, nullptr, TRUE);
+    break;
+  case WM_SIZE:
+    if (control_.kind() == ControlKind::Form && !updating_) {
+      // The user minimised or restored the window (the system menu, the
+      // task bar): a change of window state raises Resize.
+      auto& form = static_cast<Form&>(control_);
+      const int state = wParam == SIZE_MINIMIZED ? 1 : 0;
+      if (state != form.windowState() && form.loaded())
+        Application::instance().runEvent([&] { form.setWindowState(state); });
+    }
     break;
   case WM_PAINT:
     if (!own) break;
@@ -691,6 +793,14 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam, bool& 
       applyValue();
       handled = true;
       return 0;
+    }
+    break;
+  case WM_KEYUP:
+    if (control_.kind() == ControlKind::TextBox) {
+      const int shift = ((::GetKeyState(VK_SHIFT) < 0) ? 1 : 0) |
+                        ((::GetKeyState(VK_CONTROL) < 0) ? 2 : 0) |
+                        ((::GetKeyState(VK_MENU) < 0) ? 4 : 0);
+      static_cast<TextBox&>(control_).userKeyUp(static_cast<int>(wParam), shift);
     }
     break;
   case LB_GETSEL:

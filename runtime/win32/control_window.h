@@ -42,9 +42,7 @@ public:
   static ControlWindow* of(HWND window);
   // Takes the handle from the window's first message, before CreateWindowEx
   // has returned it.
-  void bind(HWND window) {
-    if (!hwnd_) hwnd_ = window;
-  }
+  void bind(HWND window);
 
 private:
   void create(HWND parent);
@@ -56,6 +54,7 @@ private:
   void applyList();
   void applyTabs();
   void applyRange();
+  void applyRegion();
   void applyColors();
   void paint();
   void mouseEvent(UINT message, WPARAM wParam, LPARAM lParam);

@@ -7,6 +7,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 namespace runtime::win32 {
 
 namespace {
@@ -14,6 +16,12 @@ namespace {
 constexpr COLORREF kClearColor = RGB(255, 0, 255); // the transparent colour of tab pictures
 constexpr int kTabImageSize = 32;
 constexpr int kInternalError = 51;
+
+std::string className(HWND window) {
+  char name[32] = {};
+  ::GetClassNameA(window, name, sizeof name);
+  return name;
+}
 
 // The window that sends a parent notification, for the messages routed to
 // the control that sent them.
@@ -50,13 +58,39 @@ void ImageListHandle::reset(HIMAGELIST list) {
   list_ = list;
 }
 
+Application::Display readDisplay() {
+  Application::Display display;
+  const HDC screen = ::GetDC(nullptr);
+  const int dpiX = ::GetDeviceCaps(screen, LOGPIXELSX);
+  const int dpiY = ::GetDeviceCaps(screen, LOGPIXELSY);
+  ::ReleaseDC(nullptr, screen);
+  if (dpiX > 0) display.twipsPerPixelX = 1440 / dpiX;
+  if (dpiY > 0) display.twipsPerPixelY = 1440 / dpiY;
+  display.screenPixelsX = ::GetSystemMetrics(SM_CXSCREEN);
+  display.screenPixelsY = ::GetSystemMetrics(SM_CYSCREEN);
+  // What the frame of a form's window adds to its client area, as the
+  // system computes it for the forms' own window style.
+  RECT frame{0, 0, 0, 0};
+  ::AdjustWindowRectEx(&frame, kFormStyle, FALSE, 0);
+  display.borderPixels = -frame.left;
+  display.captionPixels = -frame.top - display.borderPixels;
+  return display;
+}
+
 Presenter::Presenter(HINSTANCE instance) : instance_(instance) {
   ::InitCommonControls();
   auto& app = Application::instance();
-  app.screenWidth = ::GetSystemMetrics(SM_CXSCREEN) * kTwipsPerPixel;
-  app.screenHeight = ::GetSystemMetrics(SM_CYSCREEN) * kTwipsPerPixel;
-  app.borderWidth = ::GetSystemMetrics(SM_CXFIXEDFRAME) * kTwipsPerPixel;
-  app.captionHeight = ::GetSystemMetrics(SM_CYCAPTION) * kTwipsPerPixel;
+  app.setDisplay(readDisplay());
+  // The failure box is modal to every form: all of them are disabled while it
+  // is up, and the runtime runs no handler meanwhile (application.h).
+  app.beforeFailureBox = [] {
+    for (Form* form : Application::instance().forms())
+      if (auto* window = static_cast<ControlWindow*>(form->view()); window && window->hwnd())
+        ::EnableWindow(window->hwnd(), FALSE);
+  };
+  app.beforeShow = [this](Form& form) {
+    if (std::find(waiting_.begin(), waiting_.end(), &form) != waiting_.end()) present(form);
+  };
   registerClasses();
   tabImages_.reset(::ImageList_Create(kTabImageSize, kTabImageSize, ILC_COLOR8 | ILC_MASK, 20, 4));
   Application::instance().onEnd = [] { ::PostQuitMessage(0); };
@@ -95,7 +129,18 @@ void Presenter::registerClasses() {
   }
 }
 
-void Presenter::present(Form& form) { createTree(form, nullptr); }
+void Presenter::presentWhenShown(Form& form) { waiting_.push_back(&form); }
+
+void Presenter::present(Form& form) {
+  waiting_.erase(std::remove(waiting_.begin(), waiting_.end(), &form), waiting_.end());
+  // The tab pictures' image list holds the form's images first, in their
+  // order (Image2(0) is image 0), as an image list bound to a tab strip does.
+  for (const auto& control : form.controls())
+    if (control->kind() == ControlKind::Image)
+      if (const auto& picture = static_cast<Image&>(*control).picture(); !picture.empty())
+        tabImageIndex(picture);
+  createTree(form, nullptr);
+}
 
 void Presenter::createTree(Control& control, HWND parent) {
   auto window = std::make_unique<ControlWindow>(*this, control, parent);
@@ -189,36 +234,61 @@ Form* Presenter::formOf(HWND window) const {
   return nullptr;
 }
 
+int Presenter::shiftState() {
+  return (::GetKeyState(VK_SHIFT) < 0 ? kShiftMask : 0) |
+         (::GetKeyState(VK_CONTROL) < 0 ? kCtrlMask : 0) |
+         (::GetKeyState(VK_MENU) < 0 ? kAltMask : 0);
+}
+
+// Keys are taken before the window that has the focus sees them, as a
+// dialog's message loop does: the form's own keys (a form with no control in
+// focus), then Enter and Esc, the navigation keys and the access keys.
 bool Presenter::preTranslate(MSG& message) {
-  if (message.message == WM_KEYDOWN) {
-    // A key sent to the form's own window (it has no control with the focus).
-    Form* form = formOf(message.hwnd);
-    auto* view = ControlWindow::of(message.hwnd);
-    if (form && view && &view->control() == form && form->onKeyDown) {
-      const int shift =
-          (::GetKeyState(VK_SHIFT) < 0 ? 1 : 0) | (::GetKeyState(VK_CONTROL) < 0 ? 2 : 0);
-      form->userKeyDown(static_cast<int>(message.wParam), shift);
+  const UINT kind = message.message;
+  if (kind != WM_KEYDOWN && kind != WM_CHAR && kind != WM_SYSCHAR) return false;
+  Form* form = formOf(message.hwnd);
+  if (!form) return false;
+  auto& app = Application::instance();
+  if (app.failing() || app.ended()) return true; // the failure box has the keyboard
+  const int key = static_cast<int>(message.wParam);
+  auto* view = ControlWindow::of(message.hwnd);
+  const bool onForm = view && &view->control() == form;
+  const std::string windowClass = className(message.hwnd);
+  const bool takesText = lstrcmpiA(windowClass.c_str(), "EDIT") == 0;
+
+  if (kind == WM_KEYDOWN) {
+    if (onForm && form->onKeyDown) {
+      form->userKeyDown(key, shiftState());
       return true;
     }
-  }
-  if (message.message == WM_KEYDOWN &&
-      (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE) &&
-      !inOpenComboList(message.hwnd)) {
-    if (Form* form = formOf(message.hwnd)) {
-      form->userKey(message.wParam == VK_RETURN ? kVbKeyReturn : kVbKeyEscape);
+    if (key == VK_RETURN || key == VK_ESCAPE) {
+      if (inOpenComboList(message.hwnd)) return false;
+      // A dialog takes Enter and Esc whether or not a button answers them.
+      form->userKey(key == VK_RETURN ? kVbKeyReturn : kVbKeyEscape);
       return true;
     }
-  }
-  if (message.message == WM_CHAR && message.wParam != VK_RETURN && message.wParam != VK_ESCAPE) {
-    char className[16] = {};
-    ::GetClassNameA(message.hwnd, className, sizeof className);
-    if (lstrcmpiA(className, "EDIT") != 0) {
-      if (Form* form = formOf(message.hwnd); form && form->keyPreview) {
-        form->userKey(static_cast<int>(message.wParam));
-        return true;
-      }
+    if (key == VK_TAB || key == VK_SPACE || (key >= VK_LEFT && key <= VK_DOWN)) {
+      if (key != VK_TAB && inOpenComboList(message.hwnd)) return false;
+      return form->userNavigationKey(key, shiftState());
     }
+    return false;
   }
+  if (kind == WM_SYSCHAR) {
+    // Alt+letter: the control with that access key; anything else (Alt+F4,
+    // Alt+Space) goes on to the system.
+    return form->userAccessKey(static_cast<char>(key));
+  }
+  // WM_CHAR: Enter and Esc were taken as keys above.
+  if (key == VK_RETURN || key == VK_ESCAPE || key == VK_TAB) return true;
+  if (takesText) return false;
+  if (form->keyPreview && form->userKey(key)) return true;
+  // A letter typed where no text is taken is an access key, as in a dialog;
+  // list and combo boxes keep their letters for finding an item.
+  if (lstrcmpiA(windowClass.c_str(), "LISTBOX") == 0 ||
+      lstrcmpiA(windowClass.c_str(), "COMBOBOX") == 0 ||
+      lstrcmpiA(windowClass.c_str(), "ComboLBox") == 0)
+    return false;
+  if (key > ' ' && form->userAccessKey(static_cast<char>(key))) return true;
   return false;
 }
 
@@ -236,10 +306,7 @@ LRESULT CALLBACK Presenter::windowProc(HWND window, UINT message, WPARAM wParam,
   try {
     if (message == WM_NCCREATE) {
       const auto* create = reinterpret_cast<CREATESTRUCTA*>(lParam);
-      if (create->lpCreateParams) {
-        ::SetPropA(window, "TL99.View", create->lpCreateParams);
-        static_cast<ControlWindow*>(create->lpCreateParams)->bind(window);
-      }
+      if (create->lpCreateParams) static_cast<ControlWindow*>(create->lpCreateParams)->bind(window);
     }
     ControlWindow* self = ControlWindow::of(window);
     if (!self) return ::DefWindowProcA(window, message, wParam, lParam);

@@ -4,6 +4,7 @@
 // "TL99.Name" property.
 #pragma once
 
+#include "runtime/application.h"
 #include "runtime/form.h"
 #include "runtime/win32/gdi.h"
 
@@ -18,6 +19,13 @@ namespace runtime::win32 {
 
 class ControlWindow;
 
+// The window style of every form, and the display's figures read from the
+// system: twips per pixel from its dots per inch, the screen, and what a
+// form's frame adds to its client area.
+inline constexpr DWORD kFormStyle =
+    WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+Application::Display readDisplay();
+
 class Presenter {
 public:
   explicit Presenter(HINSTANCE instance);
@@ -28,6 +36,9 @@ public:
   // Creates the windows of a form and of all its controls, hidden until the
   // form shows.
   void present(Form& form);
+  // The same, when the form first shows: its Load event then runs with no
+  // window to keep in step, and the first form shows sooner.
+  void presentWhenShown(Form& form);
   // Runs the message loop until the program ends; returns the exit code.
   int run();
 
@@ -52,6 +63,7 @@ private:
   void registerClasses();
   void createTree(Control& control, HWND parent);
   bool preTranslate(MSG& message);
+  static int shiftState();
   Form* formOf(HWND window) const;
   static bool inOpenComboList(HWND window);
 
@@ -65,6 +77,7 @@ private:
   std::map<UINT_PTR, Timer*> timers_;
   std::map<Timer*, UINT_PTR> timerIds_;
   UINT_PTR nextTimerId_ = 1;
+  std::vector<Form*> waiting_; // forms presented when they first show
 };
 
 } // namespace runtime::win32

@@ -7,6 +7,7 @@
 #include "sysaccess/ellreg.h"
 #include "sysaccess/module1.h"
 #include "sysaccess/system_helpers.h"
+#include "tests/bench/wine_bench.h"
 
 #include <windows.h>
 
@@ -17,28 +18,6 @@
 namespace {
 
 constexpr char kKey[] = "Software\\TL99Bench";
-constexpr int kRounds = 5;
-
-template <class Body> double secondsFor(int iterations, Body&& body) {
-  const auto start = std::chrono::steady_clock::now();
-  for (int i = 0; i < iterations; ++i)
-    body();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-// The fastest of several alternating rounds of each side, so both see the
-// same machine state.
-template <class Ours, class Bare>
-void compare(const char* what, double target, int iterations, Ours&& ours, Bare&& bare) {
-  double bestOurs = 1e9, bestBare = 1e9;
-  for (int round = 0; round < kRounds; ++round) {
-    bestBare = std::min(bestBare, secondsFor(iterations, bare));
-    bestOurs = std::min(bestOurs, secondsFor(iterations, ours));
-  }
-  std::printf("%-12s %9.2f us/call, bare calls %9.2f us/call, ratio %.3f (target <= %.2f)\n", what,
-              1e6 * bestOurs / iterations, 1e6 * bestBare / iterations, bestOurs / bestBare,
-              target);
-}
 
 } // namespace
 
@@ -168,5 +147,7 @@ int main() {
   program.fmain.pages->access.net_check(0).setValue(0);
   program.fmain.pages->access.net_check(22).setValue(0);
   program.fmain.pages->access.app_b_Click();
+
+  benchInternetConnection(program);
   return 0;
 }

@@ -14,6 +14,8 @@
 #   fresh-prefix          puts the prefix back in its made state (ends any program first)
 #   system-version X.Y.Z  makes the prefix report that system version (ends any program
 #                         first; 4.90.3000 is Windows ME); Windows 98 again after the case
+#   display-dpi N         makes the display N dots per inch (120: large fonts); ends any
+#                         program first; the prefix is made again after the case
 #   end-program           ends the program (and every Wine process of the prefix)
 #   export-registry NAME  saves the whole registry, one line per value with its key,
 #                         as build/e2e-artifacts/CASE/NAME.txt
@@ -24,8 +26,24 @@
 #   host-run COMMAND      runs COMMAND with bash as the prefix's Wine user, in the
 #                         repository, with WINEPREFIX set: arranges the machine's
 #                         files (a drive e:, a changed system.ini) before a start
-#   program PATH [ARGS]   starts PATH (an exe, relative to the repository) in the
-#                         background, with its own folder as the current folder
+#   program PATH [ARGS]   starts PATH (an exe, relative to the repository, or a
+#                         Windows path C:\... in the prefix) in the background,
+#                         with its own folder as the current folder
+#   run PATH [ARGS]       runs PATH (as for program) to its end in the foreground;
+#                         fails on a non-zero exit code; logs the time it took
+#   unzip ZIP WINDIR      unpacks ZIP (relative to the repository; a pattern that
+#                         matches one file) into the folder WINDIR (C:\...) of the prefix
+#   list-files NAME       saves the listing of drive C (every folder, every file
+#                         with its size) as build/e2e-artifacts/CASE/NAME.txt
+#   expect-same-files A B [IGNORE]
+#                         the two saved listings are the same (else files-changes.txt),
+#                         apart from lines matching the extended regular expression IGNORE
+#   expect-files-diff A B EXPECTED
+#                         the lines that differ between two saved listings, sizes left
+#                         out, are exactly those of tests/e2e/cases/expected/EXPECTED
+#   restart-windows       ends every program and restarts Windows (wineboot -r),
+#                         which carries out the renames and deletions that
+#                         programs left for the next start (wininit.ini)
 #   drive COMMAND ARGS    one step of tl99drive.exe ("tl99drive.exe -h" lists them)
 #   screenshot NAME.png   saves the screen as build/e2e-artifacts/CASE/NAME.png
 # Words with blanks go in double quotes. Consecutive drive lines run in one
@@ -115,11 +133,27 @@ end_program() { # PID
   return 0
 }
 
+# The display's dots per inch, where Wine reads them: the user's desktop
+# settings and the machine's current hardware profile.
+set_display_dpi() { # DPI
+  local key
+  for key in 'HKCU\Control Panel\Desktop' \
+    'HKLM\System\CurrentControlSet\Hardware Profiles\Current\Software\Fonts'; do
+    as_wine_user wine reg add "$key" /v LogPixels /t REG_DWORD /d "$1" /f </dev/null || return 1
+  done
+  end_wine
+}
+
 kill_tree() { # PID: the process and its descendants
   local child
   for child in $(pgrep -P "$1"); do kill_tree "$child"; done
   kill "$1" 2>/dev/null
 }
+
+# Registry lines that Wine itself rewrites whenever its display driver starts
+# in a new session (a fresh key per display device, a new driver date): they
+# say nothing about what a program did, and a comparison leaves them out.
+wine_session_lines='^[-+] \[HKEY_LOCAL_MACHINE\\System\\CurrentControlSet\\Control\\Video\\|"DriverDateData"='
 
 # One case. Sets case_failed (0 or 1) and case_steps.
 # A registry export as one line per value, "[key] value-line", and one line
@@ -136,6 +170,26 @@ flatten_registry() {
     { line = $0
       while (line ~ /\\$/ && (getline more) > 0) { sub(/\\$/, "", line); sub(/^ +/, "", more); line = line more }
       print key " " line }'
+}
+
+# The host path of PATH: a Windows path on drive C lies in the prefix, any
+# other path is relative to the repository unless absolute.
+host_path() {
+  local path=$1
+  if [[ $path == [Cc]:\\* ]]; then
+    path=${path:3}
+    echo "$WINEPREFIX/drive_c/${path//\\//}"
+  elif [ "${path:0:1}" = / ]; then
+    echo "$path"
+  else
+    echo "$root/$path"
+  fi
+}
+
+# Every folder and file of drive C, one a line, files with their size.
+list_files() {
+  (cd "$WINEPREFIX/drive_c" && find . -mindepth 1 \( -type d -printf 'd %p\n' \) -o \( -printf 'f %s %p\n' \)) |
+    LC_ALL=C sort -k3
 }
 
 run_case() {
@@ -230,7 +284,7 @@ run_case() {
       flush
       local changes
       changes=$(diff <(sort "$dir/${WORDS[0]}.txt") <(sort "$dir/${WORDS[1]}.txt") |
-        sed -n 's/^< /- /p; s/^> /+ /p' | sort)
+        sed -n 's/^< /- /p; s/^> /+ /p' | grep -vE "$wine_session_lines" | sort)
       if [ "$changes" = "$(sort "$root/tests/e2e/cases/expected/${WORDS[2]}")" ]; then
         note "ok: $name.e2e:$line_no: registry changed only as ${WORDS[2]} says"
       else
@@ -248,6 +302,16 @@ run_case() {
         fail_at "$line_no" "could not make the prefix report version ${WORDS[0]}"
       fi
       ;;
+    display-dpi)
+      end_program "$program_pid"
+      program_pid=
+      other_build=1
+      if set_display_dpi "${WORDS[0]}" >>"$log" 2>&1; then
+        note "ok: $name.e2e:$line_no: display-dpi ${WORDS[0]}"
+      else
+        fail_at "$line_no" "could not set the display to ${WORDS[0]} dots per inch"
+      fi
+      ;;
     host-run)
       if as_wine_user bash -c "cd '$root' && ${rest#"${rest%%[![:blank:]]*}"}" </dev/null >>"$log" 2>&1; then
         note "ok: $name.e2e:$line_no: host-run"
@@ -256,8 +320,8 @@ run_case() {
       fi
       ;;
     program)
-      local exe=${WORDS[0]:-}
-      [ "${exe:0:1}" = / ] || exe=$root/$exe
+      local exe
+      exe=$(host_path "${WORDS[0]:-}")
       if [ ! -f "$exe" ]; then
         fail_at "$line_no" "no program $exe"
       else
@@ -266,6 +330,67 @@ run_case() {
         program_pid=$!
         note "ok: $name.e2e:$line_no: started ${WORDS[0]}"
       fi
+      ;;
+    run)
+      local exe start_ms rc
+      exe=$(host_path "${WORDS[0]:-}")
+      if [ ! -f "$exe" ]; then
+        fail_at "$line_no" "no program $exe"
+      else
+        start_ms=$(date +%s%3N)
+        (cd "$(dirname "$exe")" && as_wine_user wine "$exe" "${WORDS[@]:1}") </dev/null \
+          >>"$dir/program.log" 2>&1
+        rc=$?
+        if [ "$rc" -eq 0 ]; then
+          note "ok: $name.e2e:$line_no: ran ${WORDS[*]} in $(($(date +%s%3N) - start_ms)) ms"
+        else
+          fail_at "$line_no" "${WORDS[0]} ended with code $rc"
+        fi
+      fi
+      ;;
+    unzip)
+      local zips target
+      zips=($root/${WORDS[0]:-})
+      target=$(host_path "${WORDS[1]:-}")
+      if [ "${#zips[@]}" -ne 1 ] || [ ! -f "${zips[0]}" ]; then
+        fail_at "$line_no" "not one zip: ${WORDS[0]:-}"
+      elif mkdir -p "$target" && unzip -q -o "${zips[0]}" -d "$target"; then
+        [ "$(id -u)" -eq 0 ] && chown -R "$TL99_WINE_USER" "$target"
+        note "ok: $name.e2e:$line_no: unzip $(basename "${zips[0]}") into ${WORDS[1]}"
+      else
+        fail_at "$line_no" "could not unpack ${zips[0]}"
+      fi
+      ;;
+    list-files)
+      list_files >"$dir/${WORDS[0]}.txt"
+      note "ok: $name.e2e:$line_no: list-files ${WORDS[0]} ($(wc -l <"$dir/${WORDS[0]}.txt") entries)"
+      ;;
+    expect-same-files)
+      local ignore=${WORDS[2]:-^\$^}
+      if diff <(grep -vE "$ignore" "$dir/${WORDS[0]}.txt") <(grep -vE "$ignore" "$dir/${WORDS[1]}.txt") \
+        >"$dir/files-changes.txt"; then
+        note "ok: $name.e2e:$line_no: drive C is as it was (${WORDS[0]} = ${WORDS[1]})"
+      else
+        fail_at "$line_no" "drive C changed; see files-changes.txt"
+      fi
+      ;;
+    expect-files-diff)
+      local changes
+      changes=$(diff <(sed -E 's/^f [0-9]+ /f /' "$dir/${WORDS[0]}.txt") \
+        <(sed -E 's/^f [0-9]+ /f /' "$dir/${WORDS[1]}.txt") | sed -n 's/^< /- /p; s/^> /+ /p' | LC_ALL=C sort)
+      if [ "$changes" = "$(LC_ALL=C sort "$root/tests/e2e/cases/expected/${WORDS[2]}")" ]; then
+        note "ok: $name.e2e:$line_no: drive C changed only as ${WORDS[2]} says"
+      else
+        printf '%s\n' "$changes" >"$dir/files-changes.txt"
+        fail_at "$line_no" "drive C changed otherwise; see files-changes.txt"
+      fi
+      ;;
+    restart-windows)
+      end_program "$program_pid"
+      program_pid=
+      as_wine_user wine wineboot -r </dev/null >>"$log" 2>&1
+      end_wine
+      note "ok: $name.e2e:$line_no: restart-windows"
       ;;
     screenshot)
       if import -window root "$dir/${WORDS[0]:-screen.png}" </dev/null; then

@@ -6,6 +6,7 @@
 #include "runtime/application.h"
 #include "sysaccess/ellreg.h"
 #include "sysaccess/system_helpers.h"
+#include "tests/host/page_buttons.h"
 #include "tests/host/sim_fixture.h"
 
 #include <filesystem>
@@ -37,6 +38,7 @@ protected:
     // A scanreg.ini with the marker, so that start-up leaves it alone.
     writeFile("C:\\WINDOWS\\scanreg.ini",
               "[-=Note=-]\r\nAltered by Tweakloom 99=Please do not edit manually\r\n");
+    installNetworkAdapter();
   }
   void start() {
     program_ = std::make_unique<frame::Program>();
@@ -44,7 +46,7 @@ protected:
     program_->fmain.MainTab->userSelectTab(5);
   }
   pages::BootOptions& boot() { return program_->fmain.pages->boot; }
-  PictureBox& button(const std::string& name) { return program_->fmain.button(name); }
+  PictureBox& button(const std::string& name) { return pageButton(program_->fmain, name); }
   std::string& bootDrive() { return program_->fmain.boot_drive; }
   void drive(char letter) { std::filesystem::create_directories(root_ + "/" + letter); }
   void writeFile(const std::string& windowsPath, const std::string& content) {

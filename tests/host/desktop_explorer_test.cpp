@@ -56,9 +56,9 @@ protected:
   frame::FMain& fmain() { return program_->fmain; }
   pages::DesktopExplorer& page() { return fmain().pages->desktop; }
   CheckBox& Check2(int i) { return fmain().Check2_(i); }
-  PictureBox& applyb() { return fmain().button("applyb"); }
-  PictureBox& refreshb() { return fmain().button("refreshb"); }
-  PictureBox& ondAp() { return fmain().button("ondAp"); }
+  PictureBox& applyb() { return *fmain().pageButtons.applyb; }
+  PictureBox& refreshb() { return *fmain().pageButtons.refreshb; }
+  PictureBox& ondAp() { return *fmain().pageButtons.ondAp; }
   Control& named(const std::string& name) {
     Control* found = fmain().form.find(name);
     if (!found) throw std::runtime_error("no control " + name);

@@ -6,6 +6,7 @@
 #include "sysaccess/ellreg.h"
 #include "sysaccess/module1.h"
 #include "sysaccess/system_helpers.h"
+#include "tests/host/page_buttons.h"
 #include "tests/host/sim_fixture.h"
 
 #include <array>
@@ -32,6 +33,7 @@ protected:
     Application::instance().reset();
     Application::instance().onEnd = [this] { ended_ = true; };
     platform::CreateDirectoryA("C:\\WINDOWS\\SYSBCKUP");
+    installNetworkAdapter();
   }
   void start() {
     program_ = std::make_unique<frame::Program>();
@@ -39,7 +41,7 @@ protected:
   }
   pages::AccessRestriction& access() { return program_->fmain.pages->access; }
   pages::RegistrySafety& safety() { return program_->fmain.pages->safety; }
-  PictureBox& button(const std::string& name) { return program_->fmain.button(name); }
+  PictureBox& button(const std::string& name) { return pageButton(program_->fmain, name); }
   void writeFile(const std::string& windowsPath, const std::string& content) {
     std::ofstream(platform::sim::hostPath(windowsPath), std::ios::binary) << content;
   }

@@ -22,6 +22,16 @@ inline int errorOf(const std::function<void()>& statement) {
   return 0;
 }
 
+// Gives the machine a TCP/IP adapter with its MTU (NetTrans\0000, MaxMTU
+// "576"), as every Windows 98 with dial-up networking has. Without one the
+// Internet Connection page's mtu_opt fails at start-up, which ends a start
+// that doesn't resume (one whose scanreg.ini already carries the marker).
+inline void installNetworkAdapter() {
+  platform::sim::storeRawValue(platform::kLocalMachine,
+                               "System\\CurrentControlSet\\Services\\Class\\NetTrans\\0000",
+                               "MaxMTU", platform::kRegSz, {'5', '7', '6', 0});
+}
+
 class SimMachineTest : public ::testing::Test {
 protected:
   void SetUp() override {

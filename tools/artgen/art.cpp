@@ -1,5 +1,7 @@
 #include "art.h"
 
+#include "tl99_version.h"
+
 #include <array>
 #include <string>
 #include <utility>
@@ -541,7 +543,7 @@ Image aboutPicture() {
 
   img.blit(emblem(32).scaled(3), cx - 48, 20, pal::key);
   shadowTextCentred(img, cx, 132, "Tweakloom 99", {pal::white, 4, true}, pal::black, 2);
-  shadowTextCentred(img, cx, 174, "Version 1.0", {pal::sky, 2, true}, pal::black, 1);
+  shadowTextCentred(img, cx, 174, "Version " TL99_VERSION_TEXT, {pal::sky, 2, true}, pal::black, 1);
   shadowTextCentred(img, cx, 254, "System tweaks for Windows 98", {pal::white, 2, false},
                     pal::black, 1);
   img.fill(cx - 130, 284, 260, 1, rgb(0, 40, 96));

@@ -2,9 +2,13 @@
 // version 4.0, OS version 4.0, and every imported function on the Windows 98
 // allowlist and none on the denylist, from DLLs that Windows 98 ships.
 //
-//   tl99_pecheck EXE ALLOWLIST DENYLIST
+//   tl99_pecheck EXE ALLOWLIST DENYLIST [EXCEPTIONS]
 //
-// Prints what it found and one line per problem; exits 1 when there is any.
+// EXCEPTIONS, given for a program that is not ours (the installer's stub),
+// names imports accepted in spite of the two lists, each with the reason why
+// it is safe on Windows 98; a DLL all of whose imports are named there is
+// accepted too. Prints what it found and one line per problem; exits 1 when
+// there is any.
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
@@ -73,13 +77,19 @@ struct Section {
 } // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 4) {
-    std::fprintf(stderr, "usage: %s EXE ALLOWLIST DENYLIST\n", argv[0]);
+  if (argc != 4 && argc != 5) {
+    std::fprintf(stderr, "usage: %s EXE ALLOWLIST DENYLIST [EXCEPTIONS]\n", argv[0]);
     return 2;
   }
   const Image image(readAll(argv[1]));
   const auto allow = readList(argv[2]);
   const auto deny = readList(argv[3]);
+  const auto exceptions = argc == 5 ? readList(argv[4]) : std::map<std::string, std::string>{};
+  for (const auto& [key, reason] : exceptions)
+    if (reason.empty()) {
+      std::printf("%s: exception %s gives no reason\n", argv[4], key.c_str());
+      return 1;
+    }
   std::vector<std::string> problems;
   auto expect = [&](bool ok, const std::string& problem) {
     if (!ok) problems.push_back(problem);
@@ -132,8 +142,8 @@ int main(int argc, char** argv) {
                         thunk = image.u32(d + 16);
     if (nameRva == 0) break;
     const std::string dll = upper(image.text(fileOffset(nameRva)));
-    expect(kWindows98Dlls.count(dll) == 1, dll + " is not a DLL that Windows 98 ships");
-    int count = 0;
+    const bool shipped = kWindows98Dlls.count(dll) == 1;
+    int count = 0, excepted = 0;
     for (std::size_t t = fileOffset(lookup ? lookup : thunk);; t += 4) {
       const std::uint32_t entry = image.u32(t);
       if (entry == 0) break;
@@ -144,11 +154,16 @@ int main(int argc, char** argv) {
       }
       const std::string name = image.text(fileOffset(entry) + 2);
       const std::string key = dll + "!" + name;
-      if (const auto denied = deny.find(key); denied != deny.end())
+      if (const auto accepted = exceptions.find(key); accepted != exceptions.end()) {
+        std::printf("accepted %s: %s\n", key.c_str(), accepted->second.c_str());
+        ++excepted;
+      } else if (const auto denied = deny.find(key); denied != deny.end())
         problems.push_back(key + " is on the denylist: " + denied->second.substr(0, 60));
       else if (allow.count(key) == 0)
         problems.push_back(key + " is not on the allowlist");
     }
+    expect(shipped || (count > 0 && excepted == count),
+           dll + " is not a DLL that Windows 98 ships");
     std::printf("imports %-13s %3d functions\n", dll.c_str(), count);
     functionCount += count;
   }

@@ -6,6 +6,8 @@
 
 #include <commctrl.h>
 
+#include <cstddef>
+
 namespace drive::cmd {
 namespace {
 
@@ -61,6 +63,29 @@ Outcome expectTabImage(const Args& args) {
       !ask(tabs, TCM_GETITEMA, index, memory.address()) || !memory.read(&item, sizeof item))
     return fail("could not read the tab");
   return compare(format("picture of tab %ld", index), item.iImage, expected);
+}
+
+Outcome expectTabText(const Args& args) {
+  Outcome failure;
+  long index = 0;
+  HWND tabs = tabOf(args, &index, &failure);
+  if (!tabs) return failure;
+  // The item and its text buffer in one block of the program's memory.
+  struct Block {
+    TCITEMA item;
+    char text[260];
+  } block{};
+  RemoteMemory memory(tabs, sizeof block);
+  if (!memory.valid()) return fail("could not read the tab");
+  block.item.mask = TCIF_TEXT;
+  block.item.pszText = reinterpret_cast<char*>(memory.address() + offsetof(Block, text));
+  block.item.cchTextMax = sizeof block.text;
+  if (!memory.write(&block, sizeof block) || !ask(tabs, TCM_GETITEMA, index, memory.address()) ||
+      !memory.read(&block, sizeof block))
+    return fail("could not read the tab");
+  block.text[sizeof block.text - 1] = '\0';
+  if (args[2] == block.text) return pass();
+  return fail(format("tab %ld reads \"%s\"", index, block.text));
 }
 
 } // namespace drive::cmd

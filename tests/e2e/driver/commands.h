@@ -58,6 +58,7 @@ Outcome drag(const Args&);
 Outcome clickTab(const Args&);
 Outcome expectTab(const Args&);
 Outcome expectTabImage(const Args&);
+Outcome expectTabText(const Args&);
 // cmd_msgbox.cpp: message boxes
 Outcome expectMsgbox(const Args&);
 Outcome pressMsgbox(const Args&);
@@ -72,10 +73,27 @@ Outcome expectNoFile(const Args&);
 Outcome copyFile(const Args&);
 Outcome deleteFile(const Args&);
 Outcome setAttr(const Args&);
+// cmd_frame.cpp: the pointer, the focus, client sizes, pictures on the
+// screen, steady texts, counted message boxes
+Outcome move(const Args&);
+Outcome moveInside(const Args&);
+Outcome expectFocus(const Args&);
+Outcome expectClientSize(const Args&);
+Outcome expectPicture(const Args&);
+Outcome expectSteady(const Args&);
+Outcome expectMsgboxes(const Args&);
 // cmd_process.cpp: processes and time
 Outcome expectExit(const Args&);
 Outcome sleep(const Args&);
 Outcome timeout(const Args&);
+// cmd_listed.cpp: a list box item by its text
+Outcome expectListed(const Args&);
+// cmd_titled.cpp: other programs' top-level windows, by title; processes
+Outcome expectTitled(const Args&);
+Outcome restoreTitled(const Args&);
+Outcome clickTitled(const Args&);
+Outcome closeTitled(const Args&);
+Outcome expectRunning(const Args&);
 } // namespace cmd
 
 } // namespace drive
