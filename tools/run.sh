@@ -18,6 +18,7 @@ install_dir="$prefix/drive_c/Program Files/Tweakloom 99"
 mkdir -p "$install_dir"
 cp "build/win32/app/Tweakloom 99.exe" "build/win32/app/Tweakloom 99.chm" "$install_dir/"
 [ -d resources/side ] && cp resources/side/* "$install_dir/"
+cp resources/images/oemlogo.bmp "$install_dir/Tweakloom 99.bmp"
 [ "$(id -u)" -eq 0 ] && chown -R "$TL99_WINE_USER" "$install_dir"
 cd "$install_dir"
 if [ -n "${DISPLAY:-}" ]; then

@@ -154,6 +154,10 @@ build/host/tests/bench/tl99_sim_bench
 build/host/tests/bench/tl99_runtime_bench
 as_wine_user wine build/win32/tests/bench/tl99_wine_bench.exe </dev/null >"$logs/wine-bench.log" 2>&1
 cat "$logs/wine-bench.log"
+# From the program's folder, where start-up finds its scanreg.ini template.
+(cd build/win32/app && as_wine_user wine ../tests/bench/tl99_software_bench.exe </dev/null \
+  >"$logs/software-bench.log" 2>&1)
+tr -d '\r' <"$logs/software-bench.log"
 as_wine_user wine build/win32/tests/bench/tl99_desktop_bench.exe </dev/null >"$logs/desktop-bench.log" 2>&1
 cat "$logs/desktop-bench.log"
 as_wine_user wine build/win32/tests/bench/tl99_temp_bench.exe </dev/null 2>&1 | tr -d '\r'

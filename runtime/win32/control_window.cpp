@@ -161,6 +161,7 @@ void ControlWindow::bind(HWND window) {
 void ControlWindow::create(HWND parent) {
   const WindowKind kind = windowKindOf(control_);
   if (!kind.className) return; // a timer has no window
+  shownItems_.clear();         // a new window starts empty
   static int nextId = 100;
   const bool own = isOwnClass(control_);
   const HMENU id =
@@ -335,12 +336,28 @@ void ControlWindow::applyList() {
                   control_.kind() == ControlKind::FileListBox))
     return;
   auto& list = static_cast<ListControl&>(control_);
+  const int count = list.listCount();
+  // Entries only added at the end (a list filled one entry at a time) go in
+  // one by one; any other change lists the whole list anew.
+  std::size_t same = 0;
+  while (same < static_cast<std::size_t>(count) && same < shownItems_.size() &&
+         shownItems_[same] == list.list(static_cast<int>(same)))
+    ++same;
+  const UINT add = combo ? CB_ADDSTRING : LB_ADDSTRING;
+  if (same > 0 && same == shownItems_.size()) {
+    for (int i = static_cast<int>(same); i < count; ++i) {
+      shownItems_.push_back(list.list(i));
+      callOriginal(add, 0, reinterpret_cast<LPARAM>(shownItems_.back().c_str()));
+    }
+    applyValue();
+    return;
+  }
   // The whole list goes in with the drawing off and the storage reserved at
   // once, then shows in one repaint: a folder of thousands of files is
   // listed without a repaint or a reallocation per item.
-  const int count = list.listCount();
   ::SendMessageA(hwnd_, WM_SETREDRAW, FALSE, 0);
   ::SendMessageA(hwnd_, combo ? CB_RESETCONTENT : LB_RESETCONTENT, 0, 0);
+  shownItems_.clear();
   if (count > 0) {
     std::size_t bytes = 0;
     for (int i = 0; i < count; ++i)
@@ -349,9 +366,10 @@ void ControlWindow::applyList() {
                    static_cast<LPARAM>(bytes));
   }
   // Straight to the list's own procedure: the items need nothing of ours.
-  const UINT add = combo ? CB_ADDSTRING : LB_ADDSTRING;
-  for (int i = 0; i < count; ++i)
-    callOriginal(add, 0, reinterpret_cast<LPARAM>(list.list(i).c_str()));
+  for (int i = 0; i < count; ++i) {
+    shownItems_.push_back(list.list(i));
+    callOriginal(add, 0, reinterpret_cast<LPARAM>(shownItems_.back().c_str()));
+  }
   applyValue();
   ::SendMessageA(hwnd_, WM_SETREDRAW, TRUE, 0);
   ::InvalidateRect(hwnd_, nullptr, TRUE);

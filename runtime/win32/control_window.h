@@ -9,6 +9,8 @@
 #include <windows.h>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace runtime::win32 {
 
@@ -69,6 +71,10 @@ private:
   bool updating_ = false; // the window is being set from the control
   bool pressed_ = false;  // the left button went down on this window
   bool painting_ = false; // the form's Paint event is running
+  // The entries the list or combo window holds, as last given to it, so that
+  // a change touches only the entries that differ (a list filled one entry
+  // at a time would otherwise be rebuilt whole at every entry).
+  std::vector<std::string> shownItems_;
 };
 
 } // namespace runtime::win32

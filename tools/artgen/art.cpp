@@ -554,6 +554,29 @@ Image aboutPicture() {
   return img;
 }
 
+// --- OEM logo ------------------------------------------------------------------
+//
+// 160 by 100: the picture the OEM Info page copies to oemlogo.bmp, which the
+// System control panel shows beside the maker's lines (it has room for about
+// 180 by 114), and the sample the page itself shows.
+
+Image oemLogo() {
+  const int w = 160, h = 100;
+  Image img(w, h, pal::white);
+  img.gradientV(0, 0, w, 62, pal::navy, rgb(0, 88, 152));
+  img.fill(0, 62, w, 1, pal::black);
+  img.fill(0, 63, w, 12, pal::navy);
+  weave(img, 0, 63, w, 12, Weave{4, 4, 9, 18, 4, 9, 1});
+  img.fill(0, 75, w, 1, pal::black);
+  img.blit(emblem(32), 8, 15, pal::key);
+  shadowText(img, 48, 16, "Tweakloom", {pal::white, 2, true}, pal::black, 1);
+  drawText(img, 48, 38, "99", {pal::sky, 2, true});
+  const TextStyle small{pal::navy, 1, false};
+  drawTextCentred(img, w / 2, 83, "System tweaks for Windows 98", small);
+  img.frame(0, 0, w, h, pal::gray);
+  return img;
+}
+
 // --- Exit picture ------------------------------------------------------------
 //
 // 117 by 112 on the dialog colour; the dialog's edge covers the lower right,
@@ -660,6 +683,7 @@ std::vector<OutputFile> allFiles() {
   add("title.bmp", titleBand());
   add("about.bmp", aboutPicture());
   add("exit.bmp", exitPicture());
+  add("oemlogo.bmp", oemLogo());
   add("knob_on.bmp", knobFace(true));
   add("knob_off.bmp", knobFace(false));
   add("track.bmp", trackPicture());

@@ -67,3 +67,33 @@ Outcome expectNoFile(const Args& args) {
 }
 
 } // namespace drive::cmd
+
+namespace drive::cmd {
+
+Outcome copyFile(const Args& args) {
+  if (::CopyFileA(windowsPathOf(args[0]).c_str(), args[1].c_str(), FALSE)) return pass();
+  return fail(format("cannot copy %s to %s (error %lu)", args[0].c_str(), args[1].c_str(),
+                     ::GetLastError()));
+}
+
+Outcome deleteFile(const Args& args) {
+  if (::GetFileAttributesA(args[0].c_str()) == INVALID_FILE_ATTRIBUTES) return pass("not there");
+  ::SetFileAttributesA(args[0].c_str(), FILE_ATTRIBUTE_NORMAL);
+  if (::DeleteFileA(args[0].c_str())) return pass();
+  return fail(format("cannot delete %s (error %lu)", args[0].c_str(), ::GetLastError()));
+}
+
+Outcome setAttr(const Args& args) {
+  DWORD attributes = 0;
+  if (args[1] == "readonly")
+    attributes = FILE_ATTRIBUTE_READONLY;
+  else if (args[1] == "normal")
+    attributes = FILE_ATTRIBUTE_NORMAL;
+  else
+    return fail("readonly or normal, not " + args[1]);
+  if (::SetFileAttributesA(args[0].c_str(), attributes)) return pass();
+  return fail(
+      format("cannot set the attributes of %s (error %lu)", args[0].c_str(), ::GetLastError()));
+}
+
+} // namespace drive::cmd

@@ -131,3 +131,42 @@ Outcome expectReg(const Args& args) {
 }
 
 } // namespace drive::cmd
+
+namespace drive::cmd {
+
+Outcome expectKey(const Args& args) {
+  HKEY root = rootOf(args[0]);
+  if (!root) return fail("unknown root key " + args[0]);
+  long expected = 0;
+  Outcome failure;
+  if (!number(args[2], &expected, &failure)) return failure;
+  OwnedKey opened;
+  const bool exists =
+      ::RegOpenKeyExA(root, args[1].c_str(), 0, KEY_QUERY_VALUE, opened.out()) == ERROR_SUCCESS;
+  return compare("key exists", exists ? 1 : 0, expected);
+}
+
+// Wine's regedit imports a REGEDIT4 file in the system's code page, with
+// "[-KEY]" lines that delete a key and "name"=- lines that delete a value.
+Outcome importReg(const Args& args) {
+  std::string file = args[0];
+  if (!file.empty() && file[0] == '/') file = "Z:" + file;
+  for (char& c : file)
+    if (c == '/') c = '\\';
+  std::string command = "regedit.exe /S \"" + file + "\"";
+  STARTUPINFOA startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION info{};
+  if (!::CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &startup, &info))
+    return fail(format("cannot start regedit (error %lu)", ::GetLastError()));
+  OwnedHandle process(info.hProcess), thread(info.hThread);
+  if (::WaitForSingleObject(process.get(), 60000) != WAIT_OBJECT_0)
+    return fail("regedit did not end within 60 s");
+  DWORD code = 1;
+  ::GetExitCodeProcess(process.get(), &code);
+  if (code != 0) return fail(format("regedit ended with %lu", code));
+  return pass();
+}
+
+} // namespace drive::cmd

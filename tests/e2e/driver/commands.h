@@ -43,6 +43,9 @@ Outcome expectCheck(const Args&);
 Outcome expectEnabled(const Args&);
 Outcome expectVisible(const Args&);
 Outcome expectItem(const Args&);
+// cmd_list.cpp: list boxes
+Outcome expectCount(const Args&);
+Outcome expectList(const Args&);
 // cmd_input.cpp: the mouse and the keyboard
 Outcome click(const Args&);
 Outcome clickInside(const Args&);
@@ -61,10 +64,15 @@ Outcome expectMsgbox(const Args&);
 Outcome pressMsgbox(const Args&);
 // cmd_registry.cpp
 Outcome expectReg(const Args&);
+Outcome expectKey(const Args&);
+Outcome importReg(const Args&);
 // cmd_file.cpp
 Outcome expectFile(const Args&);
 Outcome expectFileContains(const Args&);
 Outcome expectNoFile(const Args&);
+Outcome copyFile(const Args&);
+Outcome deleteFile(const Args&);
+Outcome setAttr(const Args&);
 // cmd_frame.cpp: the pointer, the focus, client sizes, pictures on the
 // screen, steady texts, counted message boxes
 Outcome move(const Args&);
