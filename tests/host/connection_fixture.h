@@ -6,6 +6,7 @@
 #include "frame/program.h"
 #include "runtime/application.h"
 #include "sysaccess/ellreg.h"
+#include "tests/host/page_buttons.h"
 #include "tests/host/sim_fixture.h"
 
 #include <fstream>
@@ -18,6 +19,7 @@ class ProgramTest : public SimMachineTest {
 protected:
   void SetUp() override {
     SimMachineTest::SetUp();
+    installNetworkAdapter(); // a Windows 98 with TCP/IP, as the Internet page expects
     runtime::Application::instance().reset();
     runtime::Application::instance().onEnd = [this] { ended_ = true; };
     platform::CreateDirectoryA("C:\\WINDOWS\\SYSTEM");
@@ -31,7 +33,7 @@ protected:
     program_->start();
   }
   frame::FMain& fmain() { return program_->fmain; }
-  runtime::PictureBox& button(const std::string& name) { return fmain().button(name); }
+  runtime::PictureBox& button(const std::string& name) { return pageButton(fmain(), name); }
   void showTab(int tab) { fmain().MainTab->userSelectTab(tab); }
   // A user's click on a page button: its tab comes to the front first.
   void pressOnTab(int tab, const std::string& name) {

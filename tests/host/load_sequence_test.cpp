@@ -1,6 +1,5 @@
-// The load routine runs the readers of this pages at their places:
-// ref_oem_page first, ref_uninstall_list after ref_scanreg and before
-// ref_desk, ref_trouble after ref_access; each page shows what it read.
+// The load routine runs the ten pages' readers in their order and leaves every
+// Apply button disabled.
 #include "tests/host/connection_fixture.h"
 
 #include <string>
@@ -10,12 +9,33 @@ namespace {
 
 class LoadSequence : public ProgramTest {};
 
-// The position of the first logged call that holds `text`, or -1.
-long firstCall(const std::vector<std::string>& log, const std::string& text) {
-  for (std::size_t i = 0; i < log.size(); ++i)
-    if (log[i].find(text) != std::string::npos) return static_cast<long>(i);
-  return -1;
+// The position of the first logged call from `from` on that holds `text`, or
+// the log's size.
+std::size_t callWith(const std::vector<std::string>& log, const std::string& text,
+                     std::size_t from) {
+  for (std::size_t i = from; i < log.size(); ++i)
+    if (log[i].find(text) != std::string::npos) return i;
+  return log.size();
 }
+
+// Each reader of the load sequence, by a call that only it makes first.
+struct ReaderMark {
+  const char* reader;
+  const char* call;
+};
+constexpr ReaderMark kReaderOrder[] = {
+    {"ref_oem_page", "oeminfo.ini"},
+    {"ref_boot", "msdos.sys"},
+    {"ref_connection", "386Enh"},
+    {"ref_net_sec", "MinPwdLen"},
+    {"ref_scanreg", "\"Files\""},
+    {"mtu_opt", "MaxMSS"},
+    {"ref_uninstall_list", "Uninstall"},
+    {"ref_desk", "Shell Icon Size"},
+    {"ref_access", "NoDispCPL"},
+    {"ref_trouble", "ContigFileAllocSize"},
+    {"ref_tracking", "NoRecentDocsHistory"},
+};
 
 TEST_F(LoadSequence, TheReadersRunInTheirOrder) {
   writeFile("C:\\msdos.sys", "[Options]\r\nBootGUI=1\r\n");
@@ -24,19 +44,13 @@ TEST_F(LoadSequence, TheReadersRunInTheirOrder) {
   start();
   platform::sim::setCallLogging(false);
   const auto& log = platform::sim::callLog();
-  const long oem = firstCall(log, "oeminfo.ini");
-  const long boot = firstCall(log, "msdos.sys");
-  const long scanreg = firstCall(log, "\"Files\"");
-  const long uninstall = firstCall(log, "Uninstall");
-  const long access = firstCall(log, "NoDispCPL");
-  const long trouble = firstCall(log, "ContigFileAllocSize");
-  ASSERT_GE(oem, 0);
-  EXPECT_LT(oem, boot);
-  EXPECT_LT(boot, scanreg);
-  EXPECT_LT(scanreg, uninstall);
-  EXPECT_LT(uninstall, access);
-  EXPECT_LT(access, trouble);
-  EXPECT_LT(trouble, static_cast<long>(log.size()));
+  // Every reader's mark stands after the mark of the reader before it.
+  std::size_t at = 0;
+  for (const ReaderMark& mark : kReaderOrder) {
+    at = callWith(log, mark.call, at);
+    ASSERT_LT(at, log.size()) << mark.reader << " (" << mark.call << ") out of its place";
+    ++at;
+  }
   // Two reads of oeminfo.ini's three lines would be six; start-up reads once.
   long oemReads = 0;
   for (const std::string& call : log)
