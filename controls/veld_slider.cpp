@@ -46,6 +46,10 @@ void VeldSlider::build(Form& form) {
   knob_.add(form, 3, host_, kKnob3).setPicture(Picture{kKnobEnabledFace});
   Text1_ = &form.add<TextBox>("Text1", -1, host_, kText1);
   Text2_ = &form.add<TextBox>("Text2", -1, host_, kText2);
+  // The two text boxes lie out of view and carry the control's own state:
+  // the keyboard never stops on them.
+  Text1_->setTabStop(false);
+  Text2_->setTabStop(false);
   Picture1_ = &form.add<PictureBox>("Picture1", -1, host_, kPicture1);
   Timer1_ = &form.add<Timer>("Timer1", -1, host_, Bounds{});
   for (int i : {0, 1}) {
