@@ -5,6 +5,7 @@
 #include "frame/program.h"
 #include "pages/shell/named_tweaks.h"
 #include "runtime/application.h"
+#include "tests/bench/wine_bench.h"
 
 #include <windows.h>
 
@@ -15,27 +16,6 @@
 #include <vector>
 
 namespace {
-
-constexpr int kRounds = 5;
-
-template <class Body> double secondsFor(int iterations, Body&& body) {
-  const auto start = std::chrono::steady_clock::now();
-  for (int i = 0; i < iterations; ++i)
-    body();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-template <class Ours, class Bare>
-void compare(const char* what, double target, int iterations, Ours&& ours, Bare&& bare) {
-  double bestOurs = 1e9, bestBare = 1e9;
-  for (int round = 0; round < kRounds; ++round) {
-    bestBare = std::min(bestBare, secondsFor(iterations, bare));
-    bestOurs = std::min(bestOurs, secondsFor(iterations, ours));
-  }
-  std::printf("%-12s %9.2f us/call, bare calls %9.2f us/call, ratio %.3f (target <= %.2f)\n", what,
-              1e6 * bestOurs / iterations, 1e6 * bestBare / iterations, bestOurs / bestBare,
-              target);
-}
 
 HKEY rootOf(std::uint32_t hive) {
   return reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(static_cast<LONG>(hive)));
